@@ -1,0 +1,328 @@
+#include "core/CStream.h"
+
+#include <cerrno>
+#include <cstring>
+
+#include "core/BufferedFile_impl.h"
+#include "core/Coding.h"
+#include "core/Error.h"
+#include "core/HostServices.h"
+#include "core/Text.h"
+
+namespace ringbook {
+namespace {
+
+constexpr const char* kOpenSource = "Stream:WriteFile";
+constexpr const char* kReadFileSource = "Stream:ReadFile";
+constexpr const char* kWriteStrSource = "Stream:WriteStr";
+// The text the runtime gives for an operation on a file that is not open.
+constexpr const char* kNotOpenText = "Bad file name or number";
+constexpr uint32_t kMaxVarChars = 0xFFFF;
+
+void PostEof(const char* source) {
+  PostError(errnum::kStreamEof, source, "EOF");
+}
+
+std::string SystemText(int error) {
+  return std::strerror(error);
+}
+
+}  // namespace
+
+CStream::CStream() : file_(std::make_unique<BufferedFile>()) {}
+
+CStream::~CStream() = default;
+
+void CStream::SetFilename(const std::string& filename) {
+  filename_ = filename;
+  temp_filename_ = filename + ".tmp";
+}
+
+bool CStream::Open(bool overwrite) {
+  ClearLastError();
+  overwrite_ = overwrite;
+  file_->Close();  // a second open replaces the first file
+  int error = 0;
+  const std::string& path = overwrite ? temp_filename_ : filename_;
+  if (path.empty()) {
+    error = ENOENT;
+  } else if (file_->Open(path, BufferedFile::Mode::kReadWrite, error)) {
+    return true;
+  }
+  PostError(errnum::kStreamOpen, kOpenSource, "Error opening file: " + SystemText(error));
+  return false;
+}
+
+void CStream::Commit() {
+  try {
+    Utility().ReplaceFile(filename_, temp_filename_);
+  } catch (const Error& e) {
+    PostError(e.Number(), e.Source(), e.Description());
+  } catch (const std::exception& e) {
+    PostError(errnum::kStreamWrite, "Stream:CloseStream", std::string("Write Error: ") + e.what());
+  }
+}
+
+void CStream::CloseStream() {
+  if (!file_->Close()) {
+    PostError(errnum::kStreamWrite, "Stream:CloseStream", "Write Error: " + SystemText(EIO));
+  }
+  if (overwrite_) Commit();
+}
+
+void CStream::OpenStream(bool OverwriteFile) {
+  Open(OverwriteFile);
+}
+
+void CStream::ReadFile(IStream& obj, int32_t Position) {
+  ClearLastError();
+  file_->Close();
+  int error = 0;
+  if (!file_->Open(filename_, BufferedFile::Mode::kReadOnly, error)) {
+    if (error != ENOENT) PostError(errnum::kStreamOpen, kReadFileSource, "Error opening file.");
+    return;
+  }
+  obj.ReadObjectData(*this, Position >= 1 ? Position : 0);
+  file_->Close();
+}
+
+void CStream::WriteFile(IStream& obj, int32_t Position, bool OverwriteFile) {
+  if (Open(OverwriteFile)) obj.SaveObjectData(*this, Position >= 1 ? Position : 0);
+  CloseStream();
+}
+
+int32_t CStream::SeekTo() const {
+  return static_cast<int32_t>(file_->Position() + 1);
+}
+
+void CStream::SetSeekTo(int32_t position) {
+  if (position < 1) {
+    PostError(63, "Stream:SeekTo", "Bad record number");
+    return;
+  }
+  file_->Seek(static_cast<uint64_t>(position) - 1);
+}
+
+// ---- reading ----
+
+bool CStream::ReadRaw(void* out, std::size_t n, const char* source) {
+  const std::size_t got = file_->Read(out, n);
+  if (got == n) return true;
+  std::memset(static_cast<unsigned char*>(out) + got, 0, n - got);
+  PostEof(source);
+  return false;
+}
+
+bool CStream::ReadBln() {
+  unsigned char b[2];
+  ReadRaw(b, 2, "Stream:ReadBln");
+  return coding::DecodeFixed16(b) != 0;
+}
+
+uint8_t CStream::ReadByte() {
+  unsigned char b = 0;
+  ReadRaw(&b, 1, "Stream:ReadByte");
+  return b;
+}
+
+double CStream::ReadDate() {
+  unsigned char b[8];
+  ReadRaw(b, 8, "Stream:ReadDate");
+  return coding::DoubleFromBits(coding::DecodeFixed64(b));
+}
+
+int16_t CStream::ReadInt() {
+  unsigned char b[2];
+  ReadRaw(b, 2, "Stream:ReadInt");
+  return static_cast<int16_t>(coding::DecodeFixed16(b));
+}
+
+int32_t CStream::ReadLng() {
+  unsigned char b[4];
+  ReadRaw(b, 4, "Stream:ReadLng");
+  return static_cast<int32_t>(coding::DecodeFixed32(b));
+}
+
+float CStream::ReadSng() {
+  unsigned char b[4];
+  ReadRaw(b, 4, "Stream:ReadSng");
+  return coding::FloatFromBits(coding::DecodeFixed32(b));
+}
+
+std::string CStream::ReadChars(uint64_t count, const char* source) {
+  // Never allocate more than the file still holds, whatever a damaged count says.
+  const uint64_t pos = file_->Position();
+  const uint64_t left = file_->Size() > pos ? file_->Size() - pos : 0;
+  const std::size_t n = static_cast<std::size_t>(count < left ? count : left);
+  std::string bytes(n, '\0');
+  const std::size_t got = n == 0 ? 0 : file_->Read(bytes.data(), n);
+  bytes.resize(got);
+  if (got < count) PostEof(source);
+  return text::FromAnsi(bytes);
+}
+
+std::string CStream::ReadStr(int32_t FixedLength) {
+  if (FixedLength >= 1) return ReadChars(static_cast<uint64_t>(FixedLength), "Stream:ReadStr");
+  unsigned char b[4];
+  if (!ReadRaw(b, 4, "Stream:ReadStr")) return {};
+  const auto count = static_cast<int32_t>(coding::DecodeFixed32(b));
+  if (count <= 0) return {};
+  return ReadChars(static_cast<uint64_t>(count), "Stream:ReadStr");
+}
+
+Variant CStream::ReadVar() {
+  constexpr const char* kSource = "Stream:ReadVar";
+  unsigned char b[8];
+  if (!ReadRaw(b, 2, kSource)) return {};
+  const auto tag = static_cast<VarType>(coding::DecodeFixed16(b));
+  switch (tag) {
+    case VarType::Empty:
+      return {};
+    case VarType::Null:
+      return Variant::Null();
+    case VarType::Boolean:
+      ReadRaw(b, 2, kSource);
+      return Variant(coding::DecodeFixed16(b) != 0);
+    case VarType::Byte:
+      ReadRaw(b, 1, kSource);
+      return Variant(static_cast<uint8_t>(b[0]));
+    case VarType::Integer:
+      ReadRaw(b, 2, kSource);
+      return Variant(static_cast<int16_t>(coding::DecodeFixed16(b)));
+    case VarType::Long:
+      ReadRaw(b, 4, kSource);
+      return Variant(static_cast<int32_t>(coding::DecodeFixed32(b)));
+    case VarType::Single:
+      ReadRaw(b, 4, kSource);
+      return Variant(coding::FloatFromBits(coding::DecodeFixed32(b)));
+    case VarType::Double:
+      ReadRaw(b, 8, kSource);
+      return Variant(coding::DoubleFromBits(coding::DecodeFixed64(b)));
+    case VarType::Date:
+      ReadRaw(b, 8, kSource);
+      return Variant::FromDate(coding::DoubleFromBits(coding::DecodeFixed64(b)));
+    case VarType::String: {
+      if (!ReadRaw(b, 2, kSource)) return Variant(std::string());
+      return Variant(ReadChars(coding::DecodeFixed16(b), kSource));
+    }
+    default:
+      PostError(458, kSource, "Variable uses an Automation type not supported");
+      return {};
+  }
+}
+
+// ---- writing ----
+
+bool CStream::WriteRaw(const void* in, std::size_t n, const char* source) {
+  if (file_->Write(in, n)) return true;
+  // The seven typed writers deliberately carry no system text.
+  PostError(errnum::kStreamWrite, source, "Write Error: ");
+  return false;
+}
+
+void CStream::WriteBln(bool bBln) {
+  unsigned char b[2];
+  coding::EncodeFixed16(b, bBln ? 0xFFFF : 0);
+  WriteRaw(b, 2, "Stream:WriteBln");
+}
+
+void CStream::WriteByte(uint8_t yByte) {
+  WriteRaw(&yByte, 1, "Stream:WriteByte");
+}
+
+void CStream::WriteDate(double dDate) {
+  unsigned char b[8];
+  coding::EncodeFixed64(b, coding::DoubleBits(dDate));
+  WriteRaw(b, 8, "Stream:WriteDate");
+}
+
+void CStream::WriteInt(int16_t iInt) {
+  unsigned char b[2];
+  coding::EncodeFixed16(b, static_cast<uint16_t>(iInt));
+  WriteRaw(b, 2, "Stream:WriteInt");
+}
+
+void CStream::WriteLng(int32_t lLng) {
+  unsigned char b[4];
+  coding::EncodeFixed32(b, static_cast<uint32_t>(lLng));
+  WriteRaw(b, 4, "Stream:WriteLng");
+}
+
+void CStream::WriteSng(float fSng) {
+  unsigned char b[4];
+  coding::EncodeFixed32(b, coding::FloatBits(fSng));
+  WriteRaw(b, 4, "Stream:WriteSng");
+}
+
+void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
+  auto write = [&](const void* p, std::size_t n) {
+    if (file_->Write(p, n)) return true;
+    const std::string why = file_->IsOpen() ? SystemText(EIO) : kNotOpenText;
+    PostError(errnum::kStreamWrite, kWriteStrSource, "Write Error: " + why);
+    return false;
+  };
+  if (FixedLength >= 1) {
+    std::string bytes = text::ToAnsi(text::Left(sStr, static_cast<std::size_t>(FixedLength)));
+    bytes.resize(static_cast<std::size_t>(FixedLength), ' ');
+    write(bytes.data(), bytes.size());
+    return;
+  }
+  const std::string bytes = text::ToAnsi(sStr);
+  unsigned char b[4];
+  coding::EncodeFixed32(b, static_cast<uint32_t>(bytes.size()));
+  if (!write(b, 4)) return;
+  if (!bytes.empty()) write(bytes.data(), bytes.size());
+}
+
+void CStream::WriteVar(const Variant& vVar) {
+  constexpr const char* kSource = "Stream:WriteVar";
+  const VarType type = vVar.Type();
+  if (type == VarType::Object) {
+    PostError(errnum::kStreamWrite, kSource, "Write Error: ");
+    return;
+  }
+  // Tag and value go out in one write so that a failure leaves no lone tag.
+  unsigned char b[10];
+  coding::EncodeFixed16(b, static_cast<uint16_t>(type));
+  std::size_t n = 2;
+  switch (type) {
+    case VarType::Boolean:
+      coding::EncodeFixed16(b + 2, vVar.ToBool() ? 0xFFFF : 0);
+      n += 2;
+      break;
+    case VarType::Byte:
+      b[2] = vVar.ToByte();
+      n += 1;
+      break;
+    case VarType::Integer:
+      coding::EncodeFixed16(b + 2, static_cast<uint16_t>(vVar.ToInteger()));
+      n += 2;
+      break;
+    case VarType::Long:
+      coding::EncodeFixed32(b + 2, static_cast<uint32_t>(vVar.ToLong()));
+      n += 4;
+      break;
+    case VarType::Single:
+      coding::EncodeFixed32(b + 2, coding::FloatBits(vVar.ToSingle()));
+      n += 4;
+      break;
+    case VarType::Double:
+    case VarType::Date:
+      coding::EncodeFixed64(b + 2, coding::DoubleBits(vVar.ToDouble()));
+      n += 8;
+      break;
+    case VarType::String: {
+      std::string bytes = text::ToAnsi(vVar.ToString());
+      if (bytes.size() > kMaxVarChars) bytes.resize(kMaxVarChars);
+      coding::EncodeFixed16(b + 2, static_cast<uint16_t>(bytes.size()));
+      bytes.insert(0, reinterpret_cast<const char*>(b), 4);
+      WriteRaw(bytes.data(), bytes.size(), kSource);
+      return;
+    }
+    default:  // Empty and Null: the tag alone
+      break;
+  }
+  WriteRaw(b, n, kSource);
+}
+
+}  // namespace ringbook

@@ -1,0 +1,63 @@
+#include "core/HostServices.h"
+
+#include "core/DefaultSettings.h"
+#include "core/DefaultUtility.h"
+#include "core/SeededDice.h"
+#include "core/StderrMessageSink.h"
+
+namespace ringbook {
+namespace {
+
+// One slot per kind of host object and thread: the default is made on first
+// use, a replacement takes effect at once.
+template <class Interface, class Default>
+struct ThreadSlot {
+  static std::shared_ptr<Interface>& Get() {
+    thread_local std::shared_ptr<Interface> slot;
+    return slot;
+  }
+  static Interface& Current() {
+    auto& slot = Get();
+    if (!slot) slot = std::make_shared<Default>();
+    return *slot;
+  }
+};
+
+using SettingsSlot = ThreadSlot<ISettings, DefaultSettings>;
+using DiceSlot = ThreadSlot<IDice, SeededDice>;
+using UtilitySlot = ThreadSlot<IUtility, DefaultUtility>;
+using SinkSlot = ThreadSlot<IMessageSink, StderrMessageSink>;
+
+}  // namespace
+
+ISettings& Settings() {
+  return SettingsSlot::Current();
+}
+IDice& Dice() {
+  return DiceSlot::Current();
+}
+IUtility& Utility() {
+  return UtilitySlot::Current();
+}
+IMessageSink& MessageSink() {
+  return SinkSlot::Current();
+}
+
+void SetSettings(std::shared_ptr<ISettings> settings) {
+  SettingsSlot::Get() = std::move(settings);
+}
+void SetDice(std::shared_ptr<IDice> dice) {
+  DiceSlot::Get() = std::move(dice);
+}
+void SetUtility(std::shared_ptr<IUtility> utility) {
+  UtilitySlot::Get() = std::move(utility);
+}
+void SetMessageSink(std::shared_ptr<IMessageSink> sink) {
+  SinkSlot::Get() = std::move(sink);
+}
+
+void ShowMessage(const std::string& text) {
+  MessageSink().Show(text);
+}
+
+}  // namespace ringbook
