@@ -1,5 +1,6 @@
 #include "core/HostServices.h"
 
+#include "core/DefaultDisplayText.h"
 #include "core/DefaultSettings.h"
 #include "core/DefaultUtility.h"
 #include "core/SeededDice.h"
@@ -27,6 +28,7 @@ using SettingsSlot = ThreadSlot<ISettings, DefaultSettings>;
 using DiceSlot = ThreadSlot<IDice, SeededDice>;
 using UtilitySlot = ThreadSlot<IUtility, DefaultUtility>;
 using SinkSlot = ThreadSlot<IMessageSink, StderrMessageSink>;
+using DisplayTextSlot = ThreadSlot<IDisplayText, DefaultDisplayText>;
 
 }  // namespace
 
@@ -54,6 +56,10 @@ void SetUtility(std::shared_ptr<IUtility> utility) {
 }
 void SetMessageSink(std::shared_ptr<IMessageSink> sink) {
   SinkSlot::Get() = std::move(sink);
+}
+
+void SetDisplayText(std::shared_ptr<IDisplayText> display_text) {
+  DisplayTextSlot::Get() = std::move(display_text);
 }
 
 void ShowMessage(const std::string& text) {

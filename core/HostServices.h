@@ -56,6 +56,20 @@ class IUtility {
   virtual std::shared_ptr<IListControl> PrepareList(std::shared_ptr<IListControl> control) = 0;
 };
 
+/// Display texts of coded values, for the tab-separated list texts.
+class IDisplayText {
+ public:
+  virtual ~IDisplayText() = default;
+  /// A judge's scoring bias.
+  virtual std::string BiasText(int32_t bias) = 0;
+  /// A referee's rating of fouls, stoppage or judgement.
+  virtual std::string RefereeRatingText(int16_t rating) = 0;
+  /// A cornerman's specialty code.
+  virtual std::string SpecialtyText(int16_t specialty) = 0;
+  /// An era code.
+  virtual std::string EraText(int16_t era) = 0;
+};
+
 /// Where message boxes go: the CLI prints them on standard error, the COM
 /// server shows them (or logs them), tests record them.
 class IMessageSink {
@@ -70,11 +84,13 @@ RINGBOOK_EXPORT ISettings& Settings();
 RINGBOOK_EXPORT IDice& Dice();
 RINGBOOK_EXPORT IUtility& Utility();
 RINGBOOK_EXPORT IMessageSink& MessageSink();
+RINGBOOK_EXPORT IDisplayText& DisplayText();
 
 RINGBOOK_EXPORT void SetSettings(std::shared_ptr<ISettings> settings);
 RINGBOOK_EXPORT void SetDice(std::shared_ptr<IDice> dice);
 RINGBOOK_EXPORT void SetUtility(std::shared_ptr<IUtility> utility);
 RINGBOOK_EXPORT void SetMessageSink(std::shared_ptr<IMessageSink> sink);
+RINGBOOK_EXPORT void SetDisplayText(std::shared_ptr<IDisplayText> display_text);
 
 /// Shows a message through the thread's message sink.
 RINGBOOK_EXPORT void ShowMessage(const std::string& text);

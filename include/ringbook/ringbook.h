@@ -4,6 +4,7 @@
 
 #include "core/CStream.h"
 #include "core/DateTime.h"
+#include "core/DefaultDisplayText.h"
 #include "core/DefaultSettings.h"
 #include "core/DefaultUtility.h"
 #include "core/Enums.h"
