@@ -44,6 +44,9 @@ IUtility& Utility() {
 IMessageSink& MessageSink() {
   return SinkSlot::Current();
 }
+IDisplayText& DisplayText() {
+  return DisplayTextSlot::Current();
+}
 
 void SetSettings(std::shared_ptr<ISettings> settings) {
   SettingsSlot::Get() = std::move(settings);

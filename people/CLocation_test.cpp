@@ -1,0 +1,151 @@
+#include "people/CLocation.h"
+
+#include <gtest/gtest.h>
+
+#include "core/Error.h"
+#include "support/Bytes.h"
+#include "support/TempDir.h"
+
+namespace ringbook {
+namespace {
+
+using test::Bytes;
+using test::ReadFileBytes;
+using test::TempDir;
+using test::WriteFileBytes;
+
+CLocation MakeLocation(const std::string& arena, const std::string& city,
+                       const std::string& country) {
+  CLocation loc;
+  loc.SetArena(arena);
+  loc.SetCity(city);
+  loc.SetCountry(country);
+  return loc;
+}
+
+TEST(CLocationTest, NameJoinsCityWithCommaAndCountryWithBlank) {
+  EXPECT_EQ(MakeLocation("Alpha", "Beta", "Gamma").Name(), "Alpha, Beta Gamma");
+  EXPECT_EQ(MakeLocation("Alpha", "", "Gamma").Name(), "Alpha Gamma");
+  EXPECT_EQ(MakeLocation("Alpha", "Beta", "").Name(), "Alpha, Beta");
+  EXPECT_EQ(MakeLocation("Alpha", "", "").Name(), "Alpha");
+}
+
+TEST(CLocationTest, NoArenaMeansNoNameWhateverCityAndCountry) {
+  EXPECT_EQ(MakeLocation("", "Beta", "Gamma").Name(), "");
+  EXPECT_EQ(MakeLocation("   ", "Beta", "Gamma").Name(), "");
+  EXPECT_EQ(CLocation().Name(), "");
+}
+
+TEST(CLocationTest, NameTrimsThePartsButThePartsKeepTheirBlanks) {
+  CLocation loc = MakeLocation("  Alpha ", " Beta  ", "  Gamma ");
+  EXPECT_EQ(loc.Name(), "Alpha, Beta Gamma");
+  EXPECT_EQ(loc.Arena(), "  Alpha ");
+  EXPECT_EQ(loc.City(), " Beta  ");
+  EXPECT_EQ(loc.Country(), "  Gamma ");
+  // A city of blanks only counts as no city.
+  EXPECT_EQ(MakeLocation("Alpha", "   ", "Gamma").Name(), "Alpha Gamma");
+}
+
+TEST(CLocationTest, EverySetterOfAPartRebuildsTheName) {
+  CLocation loc = MakeLocation("Alpha", "Beta", "Gamma");
+  loc.SetCountry("");
+  EXPECT_EQ(loc.Name(), "Alpha, Beta");
+  loc.SetCity("");
+  EXPECT_EQ(loc.Name(), "Alpha");
+  loc.SetArena("");
+  EXPECT_EQ(loc.Name(), "");
+}
+
+TEST(CLocationTest, CloneCopiesEveryFieldAndRebuildsTheTargetName) {
+  CLocation source = MakeLocation("Alpha", " Beta", "Gamma");
+  source.SetID(17);
+  source.SetEra(3);
+  source.SetPriceIndex(70000);
+  source.SetSiteRating(-5);
+
+  CLocation target = MakeLocation("Old", "Old", "Old");
+  target.SetID(99);
+  source.Clone(target);
+
+  EXPECT_EQ(target.Arena(), "Alpha");
+  EXPECT_EQ(target.City(), " Beta");
+  EXPECT_EQ(target.Country(), "Gamma");
+  EXPECT_EQ(target.Name(), "Alpha, Beta Gamma");
+  EXPECT_EQ(target.ID(), 17);
+  EXPECT_EQ(target.Era(), 3);
+  EXPECT_EQ(target.PriceIndex(), 70000);  // the full 32-bit value, unlike a saved record
+  EXPECT_EQ(target.SiteRating(), -5);
+}
+
+TEST(CLocationTest, RecordHoldsTheFieldsInOrderWithLow16BitFigures) {
+  TempDir dir;
+  CLocation loc = MakeLocation("Arena \xC3\xA9", "City", "");  // "é" is one Windows-1252 byte
+  loc.SetEra(2);
+  loc.SetID(0x01020304);
+  loc.SetPriceIndex(70000);   // 0x00011170
+  loc.SetSiteRating(-40000);  // 0xFFFF63C0
+  loc.SaveToFile(dir.File("loc.bin"));
+
+  const auto expected = Bytes()
+                            .Lng(1000001)
+                            .Str("Arena \xE9")
+                            .Str("City")
+                            .Str("")
+                            .Int(2)
+                            .Lng(0x01020304)
+                            .Int(0x1170)
+                            .Int(0x63C0)
+                            .Get();
+  EXPECT_EQ(ReadFileBytes(dir.File("loc.bin")), expected);
+}
+
+TEST(CLocationTest, SavedRecordReadsBackWithFiguresCutTo16Bits) {
+  TempDir dir;
+  CLocation saved = MakeLocation("Alpha", "Beta", "Gamma");
+  saved.SetEra(5);
+  saved.SetID(1234567);
+  saved.SetPriceIndex(70000);
+  saved.SetSiteRating(40000);
+  saved.SaveToFile(dir.File("loc.bin"));
+
+  CLocation loaded;
+  ClearLastError();
+  loaded.LoadFromFile(dir.File("loc.bin"));
+  EXPECT_EQ(LastError().Number, 0);
+  EXPECT_EQ(loaded.Arena(), "Alpha");
+  EXPECT_EQ(loaded.City(), "Beta");
+  EXPECT_EQ(loaded.Country(), "Gamma");
+  EXPECT_EQ(loaded.Name(), "Alpha, Beta Gamma");
+  EXPECT_EQ(loaded.Era(), 5);
+  EXPECT_EQ(loaded.ID(), 1234567);
+  EXPECT_EQ(loaded.PriceIndex(), 4464);    // low 16 bits of 70000
+  EXPECT_EQ(loaded.SiteRating(), -25536);  // 40000 widened with its sign
+}
+
+TEST(CLocationTest, MarkerIsNotChecked) {
+  TempDir dir;
+  WriteFileBytes(dir.File("loc.bin"),
+                 Bytes().Lng(42).Str("A").Str("B").Str("C").Int(1).Lng(7).Int(-1).Int(300).Get());
+  CLocation loc;
+  loc.LoadFromFile(dir.File("loc.bin"));
+  EXPECT_EQ(loc.Name(), "A, B C");
+  EXPECT_EQ(loc.ID(), 7);
+  EXPECT_EQ(loc.PriceIndex(), -1);
+  EXPECT_EQ(loc.SiteRating(), 300);
+}
+
+TEST(CLocationTest, ShortRecordLeavesTheRestZeroAndPostsEof) {
+  TempDir dir;
+  WriteFileBytes(dir.File("loc.bin"), Bytes().Lng(1000001).Str("Alpha").Get());
+  CLocation loc = MakeLocation("Old", "Old", "Old");
+  loc.SetID(9);
+  loc.LoadFromFile(dir.File("loc.bin"));
+  EXPECT_EQ(loc.Arena(), "Alpha");
+  EXPECT_EQ(loc.City(), "");
+  EXPECT_EQ(loc.Name(), "Alpha");
+  EXPECT_EQ(loc.ID(), 0);
+  EXPECT_EQ(LastError().Number, errnum::kStreamEof);
+}
+
+}  // namespace
+}  // namespace ringbook
