@@ -58,7 +58,9 @@ double DateFromParts(int year, int month, int day, int hour, int minute, int sec
 CivilDateTime DateToParts(double date) {
   // Dates outside the calendar of years 100 to 9999 (or not a number, as a
   // damaged file may hold) are pinned to its ends instead of overflowing.
-  constexpr double kMinDate = -657434.0;
+  // Before the epoch the fraction counts forward from midnight, so the last
+  // second of 1 January 100 is -657434.99999, not -657434.
+  constexpr double kMinDate = -657434.99999;
   constexpr double kMaxDate = 2958465.99999;
   if (!(date >= kMinDate)) date = std::isnan(date) ? 0.0 : kMinDate;
   if (date > kMaxDate) date = kMaxDate;
