@@ -29,3 +29,7 @@
 #include "people/CLocation.h"
 #include "people/CReferee.h"
 #include "people/CTitle.h"
+#include "store/Database.h"
+#include "store/GameDatabase.h"
+#include "store/QueryDef.h"
+#include "store/Recordset.h"

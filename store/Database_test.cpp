@@ -1,0 +1,415 @@
+#include "store/Database.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "store/GameDatabase.h"
+#include "store/QueryDef.h"
+#include "store/Recordset.h"
+#include "support/SqlFile.h"
+#include "support/TempDir.h"
+
+namespace ringbook {
+namespace {
+
+using test::ExecSql;
+using test::QuerySql;
+
+// Runs `f` and returns the Error it raises; fails the test when it raises none.
+Error Raised(const std::function<void()>& f) {
+  try {
+    f();
+  } catch (const Error& e) {
+    return e;
+  }
+  ADD_FAILURE() << "no error was raised";
+  return Error(0, "", "");
+}
+
+bool Mentions(const Error& e, const std::string& what) {
+  return e.Description().find(what) != std::string::npos;
+}
+
+std::vector<int64_t> WalkKeys(Recordset& rs) {
+  std::vector<int64_t> keys;
+  if (rs.RecordCount() <= 0) return keys;
+  rs.MoveFirst();
+  while (!rs.Eof()) {
+    keys.push_back(rs.Bookmark());
+    rs.MoveNext();
+  }
+  return keys;
+}
+
+std::vector<std::string> WalkText(Recordset& rs, const std::string& field) {
+  std::vector<std::string> texts;
+  if (rs.RecordCount() <= 0) return texts;
+  rs.MoveFirst();
+  while (!rs.Eof()) {
+    texts.push_back(rs.Field(field).ToText());
+    rs.MoveNext();
+  }
+  return texts;
+}
+
+class DatabaseTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    path_ = dir_.File("world.db");
+    CreateGameDatabase(path_);
+  }
+
+  // Adds a judge through a fresh connection and returns its key.
+  int64_t AddJudge(const std::string& first, const std::string& last, int era = 0) {
+    auto db = Database::Open(path_);
+    auto rs = db->OpenRecordset("qryJudges");
+    rs->AddNew();
+    rs->SetField("FirstName", first);
+    rs->SetField("LastName", last);
+    rs->SetField("Era", int32_t{era});
+    rs->Update();
+    return rs->LastModified();
+  }
+
+  test::TempDir dir_;
+  std::string path_;
+};
+
+// ---- opening -------------------------------------------------------------
+
+TEST_F(DatabaseTest, OpenFailuresNameThePathAndCreateNothing) {
+  const std::string missing = dir_.File("nowhere.db");
+  Error e = Raised([&] { Database::Open(missing); });
+  EXPECT_EQ(e.Number(), dberr::kFileNotFound);
+  EXPECT_TRUE(Mentions(e, missing));
+  EXPECT_FALSE(std::filesystem::exists(missing));
+
+  const std::string garbage = dir_.File("garbage.db");
+  {
+    std::ofstream out(garbage, std::ios::binary);
+    out << std::string(4096, 'x');
+  }
+  e = Raised([&] { Database::Open(garbage); });
+  EXPECT_EQ(e.Number(), dberr::kUnrecognizedFormat);
+  EXPECT_TRUE(Mentions(e, garbage));
+  EXPECT_EQ(std::filesystem::file_size(garbage), 4096u);
+
+  const std::string empty = dir_.File("empty.db");
+  std::ofstream(empty).close();
+  e = Raised([&] { Database::Open(empty); });
+  EXPECT_EQ(e.Number(), dberr::kUnrecognizedFormat);
+  EXPECT_TRUE(Mentions(e, "not a game database"));
+  EXPECT_EQ(std::filesystem::file_size(empty), 0u);
+
+  e = Raised([&] { Database::Open(dir_.Path().string()); });
+  EXPECT_EQ(e.Number(), dberr::kInvalidPath);
+}
+
+TEST_F(DatabaseTest, OpenRefusesNewerOrInconsistentLayouts) {
+  ExecSql(path_, "PRAGMA user_version = " + std::to_string(kGameSchemaVersion + 1));
+  Error e = Raised([&] { Database::Open(path_); });
+  EXPECT_EQ(e.Number(), dberr::kUnrecognizedFormat);
+  EXPECT_TRUE(Mentions(e, path_));
+  EXPECT_TRUE(Mentions(e, "newer"));
+
+  // The header and the recorded version must agree.
+  ExecSql(path_, "PRAGMA user_version = " + std::to_string(kGameSchemaVersion) +
+                     "; UPDATE DatabaseInfo SET Value = 7 WHERE Name = 'SchemaVersion'");
+  e = Raised([&] { Database::Open(path_); });
+  EXPECT_EQ(e.Number(), dberr::kUnrecognizedFormat);
+  EXPECT_TRUE(Mentions(e, "damaged"));
+}
+
+TEST_F(DatabaseTest, OpenReportsALockedDatabase) {
+  // Another program keeps the file to itself: in exclusive locking mode a
+  // connection holds its lock after its first write.
+  sqlite3* holder = nullptr;
+  ASSERT_EQ(sqlite3_open_v2(path_.c_str(), &holder, SQLITE_OPEN_READWRITE, nullptr), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(holder,
+                         "PRAGMA locking_mode = EXCLUSIVE;"
+                         "UPDATE DatabaseInfo SET Value = Value",
+                         nullptr, nullptr, nullptr),
+            SQLITE_OK);
+  Error e = Raised([&] { Database::Open(path_); });
+  EXPECT_EQ(e.Number(), dberr::kFileInUse);
+  EXPECT_TRUE(Mentions(e, path_));
+  sqlite3_close(holder);
+  EXPECT_NO_THROW(Database::Open(path_));
+}
+
+TEST_F(DatabaseTest, CreateGameDatabaseNeverWritesOverAFile) {
+  const std::string before = QuerySql(path_, "SELECT count(*) FROM StoredQueries");
+  Error e = Raised([&] { CreateGameDatabase(path_); });
+  EXPECT_EQ(e.Number(), dberr::kDatabaseExists);
+  EXPECT_TRUE(Mentions(e, path_));
+  EXPECT_EQ(QuerySql(path_, "SELECT count(*) FROM StoredQueries"), before);
+
+  const std::string orphan = dir_.File("no-such-folder/world.db");
+  e = Raised([&] { CreateGameDatabase(orphan); });
+  EXPECT_EQ(e.Number(), dberr::kInvalidPath);
+  EXPECT_FALSE(std::filesystem::exists(dir_.Path() / "no-such-folder"));
+}
+
+TEST_F(DatabaseTest, NewDatabaseCarriesItsQueriesAndVersion) {
+  EXPECT_EQ(QuerySql(path_, "PRAGMA user_version"), std::to_string(kGameSchemaVersion));
+  auto db = Database::Open(path_);
+  for (const char* name : {"qryLocations", "qryGroups", "qryJudges", "qryReferees", "qryAnnouncers",
+                           "qryCornermen", "qryTitles"}) {
+    auto rs = db->QueryDefs(name)->OpenRecordset();
+    EXPECT_EQ(rs->RecordCount(), 0) << name;
+    EXPECT_TRUE(rs->Eof()) << name;
+  }
+  // Names of queries, tables and fields are matched without regard to case.
+  auto rs = db->OpenRecordset("QRYJUDGES");
+  EXPECT_EQ(rs->FieldNames(),
+            (std::vector<std::string>{"JudgeID", "FirstName", "LastName", "Era", "Bias", "Name"}));
+  EXPECT_NO_THROW(db->OpenRecordset("fighthistories"));
+}
+
+TEST_F(DatabaseTest, MissingQueriesAndTablesAreNamed) {
+  auto db = Database::Open(path_);
+  Error e = Raised([&] { db->QueryDefs("qryNothing"); });
+  EXPECT_EQ(e.Number(), dberr::kItemNotFound);
+  EXPECT_TRUE(Mentions(e, "qryNothing"));
+  EXPECT_TRUE(Mentions(e, path_));
+
+  e = Raised([&] { db->OpenRecordset("Nothing"); });
+  EXPECT_EQ(e.Number(), dberr::kTableOrQueryNotFound);
+  EXPECT_TRUE(Mentions(e, "Nothing"));
+}
+
+// ---- parameters ----------------------------------------------------------
+
+TEST_F(DatabaseTest, ParametersAreMatchedWithoutCaseAndBoundNotSpliced) {
+  ExecSql(path_,
+          "INSERT INTO StoredQueries (Name, SQL, Parameters, BaseTable, KeyColumn) VALUES "
+          "('qryJudgesOfEra', 'SELECT JudgeID, LastName FROM Judges WHERE Era = ?1 AND "
+          "LastName <> ?2 ORDER BY JudgeID', 'Enter Era; Enter Skipped Name', 'Judges', "
+          "'JudgeID')");
+  AddJudge("Ann", "Able", 1);
+  AddJudge("Bob", "Baker", 2);
+  AddJudge("Cy", "Cole", 1);
+
+  auto db = Database::Open(path_);
+  auto q = db->QueryDefs("qryjudgesofera");
+  EXPECT_EQ(q->ParameterNames(), (std::vector<std::string>{"Enter Era", "Enter Skipped Name"}));
+
+  Error e = Raised([&] { q->OpenRecordset(); });
+  EXPECT_EQ(e.Number(), dberr::kTooFewParameters);
+
+  q->SetParameter("ENTER ERA", int16_t{1});
+  q->SetParameter("enter skipped name", "Cole");
+  EXPECT_EQ(q->Parameter("Enter Era"), Variant(int16_t{1}));
+  EXPECT_EQ(WalkText(*q->OpenRecordset(), "LastName"), (std::vector<std::string>{"Able"}));
+
+  // A text that would change the query if spliced into it is only a value.
+  q->SetParameter("Enter Era", "1 OR 1 = 1");
+  EXPECT_EQ(q->OpenRecordset()->RecordCount(), 0);
+
+  e = Raised([&] { q->SetParameter("Enter Nothing", 1); });
+  EXPECT_EQ(e.Number(), dberr::kItemNotFound);
+}
+
+// ---- reading ---------------------------------------------------------------
+
+TEST_F(DatabaseTest, FieldsReadAsTheirTypes) {
+  ExecSql(path_,
+          "INSERT INTO Fighters (FighterID, FirstName, LastName, Division, J3, Performance,"
+          " HasPerformance, GroupID) VALUES (5, 'Max', NULL, 7, 0.5, NULL, 1, 3000000000);"
+          "INSERT INTO FightHistories (FighterID, \"Date\", Opponent) VALUES (5, 36526.5, 'Joe')");
+  auto db = Database::Open(path_);
+  auto rs = db->OpenRecordset("Fighters");
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Field("firstname"), Variant("Max"));
+  EXPECT_TRUE(rs->Field("LastName").IsNull());
+  EXPECT_EQ(rs->Field("Division"), Variant(int32_t{7}));
+  EXPECT_EQ(rs->Field("J3"), Variant(0.5));
+  EXPECT_TRUE(rs->Field("Performance").IsNull());
+  EXPECT_EQ(rs->Field("HasPerformance"), Variant(true));
+  EXPECT_EQ(rs->Field("GroupID"), Variant(3000000000.0));  // beyond 32 bits
+  Error e = Raised([&] { rs->Field("NoSuchField"); });
+  EXPECT_EQ(e.Number(), dberr::kItemNotFound);
+
+  auto histories = db->OpenRecordset("FightHistories");
+  histories->MoveFirst();
+  EXPECT_EQ(histories->Field("Date"), Variant::FromDate(36526.5));
+}
+
+TEST_F(DatabaseTest, FindFirstUnderstandsOnlyTheKeyCriterion) {
+  const int64_t ann = AddJudge("Ann", "Able");
+  const int64_t bob = AddJudge("Bob", "Baker");
+  auto db = Database::Open(path_);
+  auto rs = db->OpenRecordset("qryJudges");
+
+  rs->FindFirst("judgeid = " + std::to_string(bob));
+  EXPECT_FALSE(rs->NoMatch());
+  EXPECT_EQ(rs->Field("Name"), Variant("Bob Baker"));
+
+  // No match keeps the position.
+  rs->FindFirst("JudgeID = 999");
+  EXPECT_TRUE(rs->NoMatch());
+  EXPECT_EQ(rs->Bookmark(), bob);
+  rs->FindFirst("  JudgeID=" + std::to_string(ann) + " ");
+  EXPECT_EQ(rs->Bookmark(), ann);
+
+  for (const char* bad : {"Era = 0", "JudgeID = 1 OR 1 = 1", "JudgeID = abc", "JudgeID",
+                          "JudgeID = ", "JudgeID = 99999999999999999999"}) {
+    Error e = Raised([&] { rs->FindFirst(bad); });
+    EXPECT_EQ(e.Number(), dberr::kSyntaxInCriterion) << bad;
+  }
+  EXPECT_EQ(rs->Bookmark(), ann);
+}
+
+// ---- writing ---------------------------------------------------------------
+
+TEST_F(DatabaseTest, AddEditAndDeleteThroughARecordset) {
+  auto db = Database::Open(path_);
+  auto rs = db->OpenRecordset("qryJudges");
+  rs->AddNew();
+  rs->SetField("firstname", "Ann");
+  rs->SetField("LastName", "Able");
+  rs->SetField("Bias", "3");  // converted to the column's type
+  EXPECT_EQ(rs->Field("Bias"), Variant(int32_t{3}));
+  rs->Update();
+  const int64_t ann = rs->LastModified();
+  rs->SetBookmark(ann);
+  EXPECT_EQ(rs->Field("Name"), Variant("Ann Able"));
+  EXPECT_EQ(rs->Field("Era"), Variant(int32_t{0}));  // the column's default
+
+  rs->Edit();
+  rs->SetField("Era", int16_t{2});
+  rs->Update();
+  EXPECT_EQ(rs->LastModified(), ann);
+  EXPECT_EQ(QuerySql(path_, "SELECT Era FROM Judges"), "2");
+
+  // The key and computed fields cannot be set; nothing can outside AddNew/Edit.
+  EXPECT_EQ(Raised([&] { rs->SetField("Era", 1); }).Number(), dberr::kNoEditInProgress);
+  rs->Edit();
+  EXPECT_EQ(Raised([&] { rs->SetField("JudgeID", 9); }).Number(), dberr::kFieldNotUpdatable);
+  EXPECT_EQ(Raised([&] { rs->SetField("Name", "x"); }).Number(), dberr::kFieldNotUpdatable);
+  rs->CancelUpdate();
+
+  rs->Delete();
+  EXPECT_EQ(Raised([&] { rs->Field("Name"); }).Number(), dberr::kRecordDeleted);
+  EXPECT_EQ(QuerySql(path_, "SELECT count(*) FROM Judges"), "0");
+  EXPECT_EQ(rs->RecordCount(), 0);
+}
+
+TEST_F(DatabaseTest, FailedUpdateLeavesTheTableAsItWas) {
+  const int64_t ann = AddJudge("Ann", "Able", 1);
+  auto db = Database::Open(path_);
+  auto rs = db->OpenRecordset("qryJudges");
+  rs->FindFirst("JudgeID = " + std::to_string(ann));
+  rs->Edit();
+  rs->SetField("LastName", "Changed");
+  EXPECT_EQ(Raised([&] { rs->SetField("Era", "not a number"); }).Number(), dberr::kConversion);
+  EXPECT_EQ(Raised([&] { rs->SetField("Era", 70000); }).Number(), dberr::kNumericOverflow);
+
+  // A constraint the engine enforces: a history row needs its fighter.
+  auto histories = db->OpenRecordset("FightHistories");
+  histories->AddNew();
+  histories->SetField("Opponent", "Joe");
+  EXPECT_EQ(Raised([&] { histories->Update(); }).Number(), dberr::kNullNotAllowed);
+  EXPECT_EQ(QuerySql(path_, "SELECT count(*) FROM FightHistories"), "0");
+  // The add is still pending and can be completed.
+  histories->SetField("FighterID", 1);
+  histories->Update();
+  EXPECT_EQ(QuerySql(path_, "SELECT Opponent FROM FightHistories"), "Joe");
+  EXPECT_EQ(QuerySql(path_, "SELECT LastName FROM Judges"), "Able");
+}
+
+// ---- the keyset ------------------------------------------------------------
+
+TEST_F(DatabaseTest, KeysetKeepsItsOrderUntilRequery) {
+  const int64_t b = AddJudge("B", "Baker");
+  const int64_t d = AddJudge("D", "Dunn");
+  auto db = Database::Open(path_);
+  auto rs = db->OpenRecordset("qryJudges");
+  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{b, d}));
+
+  // Added through the recordset: at the end until the next requery.
+  rs->AddNew();
+  rs->SetField("LastName", "Adams");
+  rs->Update();
+  const int64_t a = rs->LastModified();
+  // Changed so that it sorts first: keeps its place.
+  rs->FindFirst("JudgeID = " + std::to_string(d));
+  rs->Edit();
+  rs->SetField("LastName", "Aaron");
+  rs->Update();
+  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{b, d, a}));
+
+  rs->Requery();
+  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{d, a, b}));
+
+  // Delete leaves the position on the deleted row; the next move goes on.
+  rs->MoveFirst();
+  rs->MoveNext();
+  rs->Delete();
+  EXPECT_EQ(Raised([&] { rs->Bookmark(); }).Number(), dberr::kRecordDeleted);
+  rs->MoveNext();
+  EXPECT_EQ(rs->Bookmark(), b);
+  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{d, b}));
+}
+
+TEST_F(DatabaseTest, LateKeysetIsTheOneOfTheRequery) {
+  const int64_t b = AddJudge("B", "Baker");
+  const int64_t d = AddJudge("D", "Dunn");
+  auto db = Database::Open(path_);
+  auto rs = db->OpenRecordset("qryJudges");
+  rs->Requery();  // the keyset is now due, not built
+
+  // Meanwhile, through other connections and recordsets: a row is added,
+  // one changes its sort position and, through this recordset, one is added.
+  auto other_db = Database::Open(path_);
+  auto other = other_db->OpenRecordset("qryJudges");
+  other->AddNew();
+  other->SetField("LastName", "Aardvark");
+  other->Update();
+  const int64_t foreign = other->LastModified();
+  other->FindFirst("JudgeID = " + std::to_string(d));
+  other->Edit();
+  other->SetField("LastName", "Abbot");
+  other->Update();
+
+  rs->AddNew();
+  rs->SetField("LastName", "Cole");
+  rs->Update();
+  const int64_t own = rs->LastModified();
+
+  // Finding by key answers as the keyset of the requery would...
+  rs->FindFirst("JudgeID = " + std::to_string(foreign));
+  EXPECT_TRUE(rs->NoMatch());
+  rs->FindFirst("JudgeID = " + std::to_string(own));
+  EXPECT_FALSE(rs->NoMatch());
+  // ...and so does the walk, while values are the current ones.
+  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{b, d, own}));
+  EXPECT_EQ(WalkText(*rs, "LastName"), (std::vector<std::string>{"Baker", "Abbot", "Cole"}));
+  // The database itself was not changed by building the keyset.
+  EXPECT_EQ(QuerySql(path_, "SELECT count(*) FROM Judges"), "4");
+
+  rs->Requery();
+  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{foreign, d, b, own}));
+}
+
+TEST_F(DatabaseTest, SnapshotHoldsTheRowsOfItsOpening) {
+  const int64_t ann = AddJudge("Ann", "Able");
+  auto db = Database::Open(path_);
+  auto snap = db->QueryDefs("qryJudges")->OpenRecordset(RecordsetType::Snapshot);
+  ExecSql(path_, "UPDATE Judges SET LastName = 'Zed'; INSERT INTO Judges (LastName) VALUES ('Y')");
+  snap->FindFirst("JudgeID = " + std::to_string(ann));
+  EXPECT_EQ(snap->Field("LastName"), Variant("Able"));
+  EXPECT_EQ(snap->RecordCount(), 1);
+  EXPECT_EQ(Raised([&] { snap->Edit(); }).Number(), dberr::kReadOnly);
+  snap->Requery();
+  EXPECT_EQ(WalkText(*snap, "LastName"), (std::vector<std::string>{"Y", "Zed"}));
+}
+
+}  // namespace
+}  // namespace ringbook
