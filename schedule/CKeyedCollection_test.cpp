@@ -1,0 +1,359 @@
+#include "schedule/CKeyedCollection.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "core/HostServices.h"
+#include "schedule/CSortHelper.h"
+#include "schedule/ISortedObject.h"
+
+namespace ringbook {
+namespace {
+
+// A sorted object with a tag that tells equal keys apart.
+class Tagged : public ISortedObject {
+ public:
+  Tagged(Variant key, std::string tag) : key_(std::move(key)), tag_(std::move(tag)) {}
+  Variant SortKey() const override { return key_; }
+  const std::string& Tag() const { return tag_; }
+
+ private:
+  Variant key_;
+  std::string tag_;
+};
+
+class FailingKey : public ISortedObject {
+ public:
+  Variant SortKey() const override { throw Error(errnum::kStreamOpen, "Host", "cannot read"); }
+};
+
+Variant Item(Variant key, std::string tag = "") {
+  return Variant(std::make_shared<Tagged>(std::move(key), std::move(tag)));
+}
+
+std::string TagAt(CKeyedCollection& items, int32_t position) {
+  return items.Item(Variant(position)).As<Tagged>()->Tag();
+}
+
+class FakeList : public IListControl {
+ public:
+  bool IsListBox() const override { return true; }
+  void Clear() override { items.clear(); }
+  void AddItem(const std::string& text, int32_t index) override {
+    if (index < 0) index = static_cast<int32_t>(items.size());
+    items.insert(items.begin() + index, text);
+    new_index = index;
+  }
+  int32_t NewIndex() const override { return new_index; }
+  int32_t ItemData(int32_t) const override { return 0; }
+  void SetItemData(int32_t, int32_t) override {}
+  Variant ItemTag(int32_t) const override { return {}; }
+  void SetItemTag(int32_t, const Variant&) override {}
+  int32_t ListCount() const override { return static_cast<int32_t>(items.size()); }
+  int32_t ListIndex() const override { return -1; }
+  void SetListIndex(int32_t) override {}
+  bool Selected(int32_t) const override { return false; }
+  void SetSelected(int32_t, bool) override {}
+  void RemoveItem(int32_t index) override { items.erase(items.begin() + index); }
+  void Refresh() override {}
+  void SetFontBold(bool) override {}
+
+  std::vector<std::string> items;
+  int32_t new_index = -1;
+};
+
+class QuietSink : public IMessageSink {
+ public:
+  void Show(const std::string& text) override { shown.push_back(text); }
+  std::vector<std::string> shown;
+};
+
+std::string Values(CKeyedCollection& items) {
+  std::string out;
+  for (int32_t i = 1; i <= items.Count(); ++i) out += items.Item(Variant(i)).ToText() + " ";
+  return out;
+}
+
+TEST(CKeyedCollectionTest, PositionsAndKeysWithoutRegardToCase) {
+  CKeyedCollection items;
+  EXPECT_EQ(items.Add(Variant("alpha"), "a"), Variant("alpha"));
+  items.Add(Variant(int32_t{2}));
+  items.Add(Variant("gamma"), "\xC3\x89mile");
+  EXPECT_EQ(items.Count(), 3);
+  EXPECT_EQ(items.LastAdded(), Variant("gamma"));
+
+  EXPECT_EQ(items.Item(Variant(1)), Variant("alpha"));
+  EXPECT_EQ(items.Item(Variant(2.0)), Variant(int32_t{2}));
+  EXPECT_EQ(items.Item(Variant("A")), Variant("alpha"));
+  EXPECT_EQ(items.Item(Variant("\xC3\xA9MILE")), Variant("gamma"));
+  EXPECT_EQ(items.Index("\xC3\xA9mile"), 3);
+  EXPECT_EQ(items.Key(1), "a");
+  EXPECT_EQ(items.Key(2), "");
+  EXPECT_EQ(items.mgErr(), 0);
+
+  items.SetItem(Variant("a"), Variant("ALPHA"));
+  EXPECT_EQ(items.Item(Variant(1)), Variant("ALPHA"));
+  EXPECT_EQ(items.Key(1), "a");
+}
+
+TEST(CKeyedCollectionTest, BeforeAndAfterByPositionOrKey) {
+  CKeyedCollection items;
+  items.Add(Variant("c"), "kc");
+  items.Add(Variant("a"), std::nullopt, Variant(1));
+  items.Add(Variant("d"), std::nullopt, Variant(), Variant("KC"));
+  items.Add(Variant("b"), "kb", Variant("kc"));
+  items.Add(Variant("e"), std::nullopt, Variant(), Variant(int32_t{4}));
+  EXPECT_EQ(Values(items), "a b c d e ");
+  EXPECT_EQ(items.Index("kc"), 3);
+  EXPECT_EQ(items.Index("kb"), 2);
+
+  items.Remove(Variant("kb"));
+  items.Remove(Variant(1));
+  EXPECT_EQ(Values(items), "c d e ");
+  EXPECT_EQ(items.Index("kc"), 1);
+  // A removed key is free again.
+  items.Add(Variant("b2"), "KB");
+  EXPECT_EQ(items.Index("kb"), 4);
+}
+
+TEST(CKeyedCollectionTest, ErrorsAreRecordedAndChangeNothing) {
+  CKeyedCollection items;
+  EXPECT_FALSE(items.mgRaiseErrors());
+  items.Add(Variant("a"), "Key");
+  items.Add(Variant("b"));
+
+  struct Attempt {
+    std::function<void()> call;
+    int16_t number;
+  };
+  const std::string kInvalid = "Invalid procedure call or argument";
+  const std::vector<Attempt> attempts = {
+      {[&] { EXPECT_TRUE(items.Add(Variant("x"), "KEY").IsEmpty()); }, 457},
+      {[&] { items.Add(Variant("x"), std::nullopt, Variant(1), Variant(2)); }, 5},
+      {[&] { items.Add(Variant("x"), std::nullopt, Variant("nokey")); }, 5},
+      {[&] { items.Add(Variant("x"), std::nullopt, Variant(), Variant(int32_t{3})); }, 5},
+      {[&] { EXPECT_TRUE(items.Item(Variant(int32_t{0})).IsEmpty()); }, 5},
+      {[&] { EXPECT_TRUE(items.Item(Variant("missing")).IsEmpty()); }, 5},
+      {[&] { items.Item(Variant()); }, 5},
+      {[&] { EXPECT_EQ(items.Index("missing"), 0); }, 5},
+      {[&] { EXPECT_EQ(items.Key(3), ""); }, 5},
+      {[&] { items.Remove(Variant(int32_t{-1})); }, 5},
+      {[&] { items.SetItem(Variant("missing"), Variant("x")); }, 5},
+  };
+  for (std::size_t i = 0; i < attempts.size(); ++i) {
+    attempts[i].call();
+    EXPECT_EQ(items.mgErr(), attempts[i].number) << "attempt " << i;
+    EXPECT_EQ(items.mgErrDescription(),
+              attempts[i].number == 457
+                  ? "This key is already associated with an element of this collection"
+                  : kInvalid)
+        << "attempt " << i;
+    EXPECT_EQ(Values(items), "a b ") << "attempt " << i;
+    EXPECT_EQ(items.LastAdded(), Variant("b"));
+    // The next call that succeeds clears the record.
+    EXPECT_EQ(items.Index("key"), 1);
+    EXPECT_EQ(items.mgErr(), 0);
+    EXPECT_EQ(items.mgErrDescription(), "");
+  }
+
+  items.SetmgRaiseErrors(true);
+  try {
+    items.Add(Variant("x"), "key");
+    FAIL() << "no error";
+  } catch (const Error& e) {
+    EXPECT_EQ(e.Number(), 457);
+    EXPECT_EQ(e.Source(), "Korvat_Ringbook");
+  }
+  EXPECT_EQ(items.mgErr(), 457);
+  EXPECT_THROW(items.Item(Variant(int32_t{9})), Error);
+  EXPECT_EQ(items.mgErr(), 5);
+}
+
+TEST(CKeyedCollectionTest, SortedCanChangeOnlyWhileEmpty) {
+  CKeyedCollection items;
+  items.Add(Item("a"));
+  for (bool raise : {false, true}) {
+    items.SetmgRaiseErrors(raise);
+    try {
+      items.SetSorted(true);
+      FAIL() << "no error";
+    } catch (const Error& e) {
+      EXPECT_EQ(e.Number(), 511);
+      EXPECT_EQ(e.Description(), "Sorted property is read-only if the collection is not empty");
+    }
+    EXPECT_FALSE(items.Sorted());
+    EXPECT_EQ(items.mgErr(), 511);
+  }
+  items.Clear();
+  EXPECT_TRUE(items.LastAdded().IsEmpty());
+  items.SetSorted(true);
+  EXPECT_TRUE(items.Sorted());
+  EXPECT_EQ(items.mgErr(), 0);
+  items.Add(Item("b"));
+  EXPECT_THROW(items.SetSorted(true), Error);
+  EXPECT_TRUE(items.Sorted());
+}
+
+// Whether every neighbouring pair is in order under a fresh helper of the
+// given mode and order.
+bool InOrder(CKeyedCollection& items, ESortMode mode, ESortOrder order) {
+  for (int32_t i = 1; i < items.Count(); ++i) {
+    CSortHelper check;
+    check.SetSortMode(mode);
+    check.SetSortOrder(order);
+    if (check.Compare(items.Item(Variant(i)), items.Item(Variant(i + 1))) ==
+        ecrComparisonGreaterThan) {
+      return false;
+    }
+  }
+  return true;
+}
+
+TEST(CKeyedCollectionTest, SortedCollectionStaysSortedUnderEveryMode) {
+  const std::vector<Variant> texts = {"delta", "Alpha", "charlie", "9",    "10", "Bravo",
+                                      "alpha", "zz",    "aaa",     "ECHO", "b",  "100"};
+  const std::vector<Variant> numbers = {int32_t{42}, 7.5, int32_t{-3}, int16_t{7}, 1000.0, 0.25};
+  struct Setup {
+    ESortMode mode;
+    ESortOrder order;
+    const std::vector<Variant>* keys;
+  };
+  std::mt19937 shuffle_rng(20240611);
+  for (const Setup& s : {Setup{esmTextCompare, esoSortAscending, &texts},
+                         Setup{esmTextCompare, esoSortDescending, &texts},
+                         Setup{esmBinaryCompare, esoSortAscending, &texts},
+                         Setup{esmLengthCompare, esoSortAscending, &texts},
+                         Setup{esmLengthCompare, esoSortDescending, &texts},
+                         Setup{esmValueCompare, esoSortAscending, &numbers},
+                         Setup{esmValueCompare, esoSortDescending, &numbers}}) {
+    SCOPED_TRACE(testing::Message() << "mode " << s.mode << " order " << s.order);
+    auto helper = std::make_shared<CSortHelper>();
+    helper->SetSortMode(s.mode);
+    helper->SetSortOrder(s.order);
+    CKeyedCollection items(helper);
+    items.SetSorted(true);
+    std::vector<Variant> keys = *s.keys;
+    std::shuffle(keys.begin(), keys.end(), shuffle_rng);
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+      items.Add(Item(keys[i]), "k" + std::to_string(i));
+      ASSERT_EQ(items.mgErr(), 0);
+    }
+    EXPECT_EQ(items.Count(), static_cast<int32_t>(keys.size()));
+    EXPECT_TRUE(InOrder(items, s.mode, s.order));
+    EXPECT_EQ(helper->SortMode(), s.mode);
+
+    // Replacing an item moves it to its place; removing keeps the rest in order.
+    items.SetItem(Variant("k0"), Item((*s.keys)[3]));
+    items.Remove(Variant(int32_t{2}));
+    EXPECT_TRUE(InOrder(items, s.mode, s.order));
+    EXPECT_EQ(items.Count(), static_cast<int32_t>(keys.size()) - 1);
+    // Every key still names an item at the position the collection reports.
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+      const std::string key = "k" + std::to_string(i);
+      const int32_t at = items.Index(key);
+      if (items.mgErr() != 0) continue;  // the removed one
+      EXPECT_EQ(items.Key(at), key);
+    }
+  }
+}
+
+TEST(CKeyedCollectionTest, UnsortedModeKeepsTheOrderOfAdding) {
+  auto helper = std::make_shared<CSortHelper>();
+  helper->SetSortMode(esmUnsorted);
+  CKeyedCollection items(helper);
+  items.SetSorted(true);
+  for (const char* key : {"m", "z", "a"}) items.Add(Item(key, key));
+  EXPECT_EQ(TagAt(items, 1) + TagAt(items, 2) + TagAt(items, 3), "mza");
+}
+
+TEST(CKeyedCollectionTest, EqualItemsGoAfterTheirRun) {
+  CKeyedCollection items;
+  items.SetSorted(true);
+  items.Add(Item("a", "1"));
+  items.Add(Item("b", "2"));
+  items.Add(Item("A", "3"));
+  items.Add(Item("a", "4"));
+  items.Add(Item("0", "5"));
+  items.Add(Item("B", "6"));
+  items.Add(Item("A", "7"));  // the search lands inside the run of a's
+  std::string tags;
+  for (int32_t i = 1; i <= items.Count(); ++i) tags += TagAt(items, i);
+  EXPECT_EQ(tags, "5134726");
+}
+
+TEST(CKeyedCollectionTest, SortedAddNeedsASortedObjectAndNoPlace) {
+  CKeyedCollection items;
+  items.SetSorted(true);
+  items.Add(Item("m"));
+  items.Add(Variant("plain"));
+  EXPECT_EQ(items.mgErr(), errnum::kTypeMismatch);
+  items.Add(Variant(std::shared_ptr<Object>()));
+  EXPECT_EQ(items.mgErr(), errnum::kObjectNotSet);
+  items.Add(Item("a"), std::nullopt, Variant(1));
+  EXPECT_EQ(items.mgErr(), errnum::kInvalidProcedureCall);
+  items.SetItem(Variant(1), Variant("plain"));
+  EXPECT_EQ(items.mgErr(), errnum::kTypeMismatch);
+  EXPECT_EQ(items.Count(), 1);
+  EXPECT_EQ(items.Item(Variant(1)).As<Tagged>()->SortKey(), Variant("m"));
+}
+
+TEST(CKeyedCollectionTest, HelperErrorsAreRecordedWithTheirLowSixteenBits) {
+  auto sink = std::make_shared<QuietSink>();
+  SetMessageSink(sink);
+  CKeyedCollection items;
+  items.SetSorted(true);
+  items.Add(Item("m", "m"), "km");
+  items.Add(Item("x", "x"), "kx");
+  items.Add(Variant(std::make_shared<FailingKey>()));
+  EXPECT_EQ(items.mgErr(), 0x0201);
+  EXPECT_EQ(items.mgErrDescription(), "cannot read");
+  // A replacement whose place cannot be found leaves the item where it was.
+  items.SetItem(Variant("km"), Variant(std::make_shared<FailingKey>()));
+  EXPECT_EQ(items.mgErr(), 0x0201);
+  SetMessageSink(nullptr);
+  EXPECT_EQ(sink->shown.size(), 2u);  // the sort helper showed both
+  EXPECT_EQ(items.Count(), 2);
+  EXPECT_EQ(TagAt(items, 1) + TagAt(items, 2), "mx");
+  EXPECT_EQ(items.Index("km"), 1);
+  EXPECT_EQ(items.Index("kx"), 2);
+}
+
+TEST(CKeyedCollectionTest, FillListShowsEachItemsText) {
+  CKeyedCollection items;
+  items.Add(Item("Ali"));
+  items.Add(Variant(int32_t{12}));
+  items.Add(Variant::Null());
+  auto list = std::make_shared<FakeList>();
+  list->items = {"stale"};
+  items.FillList(list);
+  EXPECT_EQ(list->items, (std::vector<std::string>{"Ali", "12", ""}));
+  items.FillList();  // no control: nothing to do
+  EXPECT_EQ(items.mgErr(), 0);
+
+  items.Add(Variant(std::static_pointer_cast<Object>(std::make_shared<FakeList>())));
+  items.FillList(list);
+  EXPECT_EQ(items.mgErr(), errnum::kObjectDoesNotSupport);
+
+  items.LoadDefaultItems();
+  EXPECT_EQ(items.Count(), 4);
+}
+
+TEST(CKeyedCollectionTest, ManyKeysStayDistinct) {
+  CKeyedCollection items;
+  for (int32_t i = 0; i < 2000; ++i) items.Add(Variant(i), "Key" + std::to_string(i));
+  for (int32_t i = 0; i < 2000; i += 97) {
+    EXPECT_EQ(items.Item(Variant("kEY" + std::to_string(i))), Variant(i));
+    EXPECT_EQ(items.Index("KEY" + std::to_string(i)), i + 1);
+  }
+  items.Remove(Variant(int32_t{1}));
+  EXPECT_EQ(items.Index("key1999"), 1999);
+}
+
+}  // namespace
+}  // namespace ringbook
