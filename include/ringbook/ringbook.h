@@ -20,6 +20,8 @@
 #include "core/Variant.h"
 #include "core/Version.h"
 #include "core/VersionInfo.h"
+#include "engine/CFighterInFight.h"
+#include "engine/EngineEnums.h"
 #include "fighters/CFighter.h"
 #include "fighters/CHistory.h"
 #include "people/CAnnouncer.h"
