@@ -24,6 +24,8 @@
 #include "engine/EngineEnums.h"
 #include "fighters/CFighter.h"
 #include "fighters/CHistory.h"
+#include "options/COptions.h"
+#include "options/Version.h"
 #include "people/CAnnouncer.h"
 #include "people/CCornerman.h"
 #include "people/CGroup.h"
