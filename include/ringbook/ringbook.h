@@ -2,6 +2,8 @@
 
 // Every public class of the Ringbook library.
 
+#include "cards/CBout.h"
+#include "cards/CFightCard.h"
 #include "core/CStream.h"
 #include "core/DateTime.h"
 #include "core/DefaultDisplayText.h"
@@ -34,7 +36,9 @@
 #include "people/CReferee.h"
 #include "people/CTitle.h"
 #include "schedule/CKeyedCollection.h"
+#include "schedule/CLevel.h"
 #include "schedule/CSortHelper.h"
+#include "schedule/CTournament.h"
 #include "schedule/ICollection.h"
 #include "schedule/ISortHelper.h"
 #include "schedule/ISortedObject.h"

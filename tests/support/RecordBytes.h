@@ -32,8 +32,9 @@ inline Bytes& BlankJudge(Bytes& b) {
 }
 
 /// The options record of new options made without a game database: the
-/// single-fight defaults with empty officials, style 0 (no tail).
-inline Bytes& DefaultOptionsRecord(Bytes& b) {
+/// single-fight defaults with empty officials, up to and including `Style`
+/// (style 0 has no tail; for other styles the caller appends it).
+inline Bytes& DefaultOptionsRecord(Bytes& b, int32_t style = 0) {
   b.Lng(1000004);
   b.Bln(false).Bln(true).Bln(true).Bln(true).Bln(true).Bln(true).Bln(false);
   b.Lng(0).Lng(0).Int(0).Bln(false).Int(0).Int(0);
@@ -44,7 +45,7 @@ inline Bytes& DefaultOptionsRecord(Bytes& b) {
   BlankJudge(b);
   BlankJudge(b);
   BlankJudge(b);
-  return b.Int(1).Bln(false).Int(10).Bln(true).Lng(0);
+  return b.Int(1).Bln(false).Int(10).Bln(true).Lng(style);
 }
 
 }  // namespace ringbook::test

@@ -1,0 +1,283 @@
+#include "cards/CBout.h"
+
+#include <gtest/gtest.h>
+
+#include "core/DefaultUtility.h"
+#include "support/Bytes.h"
+#include "support/RecordBytes.h"
+#include "support/TempSettings.h"
+
+namespace ringbook {
+namespace {
+
+using test::Bytes;
+using test::ReadFileBytes;
+using test::TempSettings;
+using test::WriteFileBytes;
+
+void SetTotals(CBout& bout, int16_t first, int16_t second) {
+  // Split each total between rating and drawing power: only the sum counts.
+  bout.SetRating(1, static_cast<int16_t>(first - 5));
+  bout.SetDrawPower(1, 5);
+  bout.SetRating(2, static_cast<int16_t>(second - 3));
+  bout.SetDrawPower(2, 3);
+}
+
+std::string Odds(int16_t first, int16_t second) {
+  CBout bout;
+  SetTotals(bout, first, second);
+  return bout.OddsForFight();
+}
+
+TEST(CBoutTest, OddsFollowTheWorkedExamples) {
+  TempSettings env;
+  EXPECT_EQ(Odds(91, 29), "23-2");
+  EXPECT_EQ(Odds(29, 91), "23-2");  // the larger total is always first
+  EXPECT_EQ(Odds(90, 31), "11-1");
+  EXPECT_EQ(Odds(80, 60), "1-1");
+  EXPECT_EQ(Odds(70, 69), "17-2");
+  EXPECT_EQ(Odds(50, 50), "1-1");
+  EXPECT_EQ(Odds(50, 1), "51-1");  // 0 after the subtraction becomes 1
+  EXPECT_EQ(Odds(40, 4), "13-1");  // 41 against 3, odd
+}
+
+// Says no number is even, to show that the odds ask the host's utility.
+class NothingIsEven : public DefaultUtility {
+ public:
+  bool IsEven(int32_t) override { return false; }
+};
+
+TEST(CBoutTest, OddsAskTheUtilityWhetherAPartIsEven) {
+  TempSettings env;
+  SetUtility(std::make_shared<NothingIsEven>());
+  EXPECT_EQ(Odds(91, 29), "3-1");  // 92 / 28, the odd rule
+  SetUtility(nullptr);
+  EXPECT_EQ(Odds(91, 29), "23-2");
+}
+
+TEST(CBoutTest, FavoriteUnderdogAndModifier) {
+  TempSettings env;
+  CBout bout;
+  SetTotals(bout, 50, 50);
+  EXPECT_EQ(bout.OddsFavorite(), 2);
+  EXPECT_EQ(bout.OddsUnderdog(), 1);
+  EXPECT_FLOAT_EQ(bout.OddsModifier(), 1.0f);
+
+  CBout other;
+  SetTotals(other, 91, 29);
+  EXPECT_EQ(other.OddsFavorite(), 1);
+  EXPECT_EQ(other.OddsUnderdog(), 2);
+  // Works the odds out itself the first time.
+  EXPECT_FLOAT_EQ(other.OddsModifier(), 11.5f);
+  SetTotals(other, 29, 90);
+  EXPECT_EQ(other.OddsFavorite(), 2);
+  EXPECT_EQ(other.OddsUnderdog(), 1);
+  EXPECT_FLOAT_EQ(other.OddsModifier(), 11.5f);  // the stored pair until asked again
+  other.OddsForFight();
+  EXPECT_FLOAT_EQ(other.OddsModifier(), 11.0f);
+}
+
+TEST(CBoutTest, TotalRatingIsA16BitSumAndOverflowFails) {
+  TempSettings env;
+  CBout bout;
+  bout.SetRating(2, 30000);
+  bout.SetDrawPower(2, 2767);
+  const Variant total = bout.TotalRating(2);
+  EXPECT_EQ(total.Type(), VarType::Integer);
+  EXPECT_EQ(total.ToInteger(), 32767);
+  bout.SetDrawPower(2, 2768);
+  try {
+    bout.TotalRating(2);
+    FAIL() << "no overflow";
+  } catch (const Error& e) {
+    EXPECT_EQ(e.Number(), errnum::kOverflow);
+  }
+}
+
+TEST(CBoutTest, RepeatKeeps32BitsAndShowsTheLow16) {
+  TempSettings env;
+  CBout bout;
+  bout.SetRepeat(-2);
+  EXPECT_EQ(bout.Repeat(), -2);
+  bout.SaveToFile(env.File("b.bin"));
+  const auto bytes = ReadFileBytes(env.File("b.bin"));
+  // After the marker, four empty names and two IDs: offset 4+16+8.
+  ASSERT_GE(bytes.size(), 32u);
+  EXPECT_EQ(std::vector<uint8_t>(bytes.begin() + 28, bytes.begin() + 32),
+            (std::vector<uint8_t>{0xFE, 0xFF, 0xFF, 0xFF}));
+
+  auto patched = bytes;
+  patched[28] = 0x70;  // 70000 = 0x00011170
+  patched[29] = 0x11;
+  patched[30] = 0x01;
+  patched[31] = 0x00;
+  WriteFileBytes(env.File("b.bin"), patched);
+  CBout loaded;
+  loaded.LoadFromFile(env.File("b.bin"));
+  EXPECT_EQ(loaded.Repeat(), 4464);
+  loaded.SaveToFile(env.File("again.bin"));
+  EXPECT_EQ(ReadFileBytes(env.File("again.bin")), patched);
+}
+
+TEST(CBoutTest, FighterNameStylesAndMissingParts) {
+  TempSettings env;
+  CBout bout;
+  bout.SetFighterFirstName(1, "  Joe ");
+  bout.SetFighterLastName(1, "Louis");
+  EXPECT_EQ(bout.FighterName(1), "Joe Louis");
+  EXPECT_EQ(bout.FighterName(1, ensInitialAndLastName), "J. Louis");
+  EXPECT_EQ(bout.FighterName(1, ensLastName), "Louis");
+  EXPECT_EQ(bout.FighterName(1, 7), "Joe Louis");
+
+  bout.SetFighterFirstName(2, "");
+  bout.SetFighterLastName(2, "Ali");
+  for (int16_t style : {0, 1, 2}) EXPECT_EQ(bout.FighterName(2, style), "Ali");
+  bout.SetFighterFirstName(2, "Émile");
+  EXPECT_EQ(bout.FighterName(2, 1), "É. Ali");  // a whole character, not a byte
+  bout.SetFighterLastName(2, " ");
+  for (int16_t style : {0, 1, 2}) EXPECT_EQ(bout.FighterName(2, style), "Émile");
+  bout.SetFighterFirstName(2, "");
+  EXPECT_EQ(bout.FighterName(2), "");
+}
+
+TEST(CBoutTest, DescriptionOrdersAndSplits) {
+  TempSettings env;
+  CBout bout;
+  bout.SetFighterFirstName(1, "Joe");
+  bout.SetFighterLastName(1, "Louis");
+  bout.SetFighterFirstName(2, "Max");
+  bout.SetFighterLastName(2, "Baer");
+  SetTotals(bout, 60, 80);
+  EXPECT_EQ(bout.Description(), "Joe Louis vs Max Baer");
+  EXPECT_EQ(bout.Description(1), "J. Louis vs M. Baer");
+  EXPECT_EQ(bout.Description(2, true), "Baer vs Louis");
+  EXPECT_EQ(bout.Description(2, false, true), "Louis\r\n vs \r\nBaer");
+  SetTotals(bout, 70, 70);  // equal: fighter 2 is the favourite
+  EXPECT_EQ(bout.Description(2, true), "Baer vs Louis");
+}
+
+void FillBout(CBout& b) {
+  b.SetFighterFirstName(1, "Joe");
+  b.SetFighterLastName(1, "Louis");
+  b.SetFighterFirstName(2, "Max");
+  b.SetFighterLastName(2, "Baer");
+  b.SetFighterID(1, 11);
+  b.SetFighterID(2, 12);
+  b.SetRepeat(3);
+  b.SetCareerStage(1, 1);
+  b.SetCareerStage(2, 2);
+  b.SetConditioning(1, 3);
+  b.SetConditioning(2, 4);
+  b.SetDrawPower(1, 5);
+  b.SetDrawPower(2, 6);
+  b.SetRating(1, 70);
+  b.SetRating(2, 80);
+  b.SetStyle(1, 7);
+  b.SetStyle(2, 8);
+  b.SetTraining(1, 9);
+  b.SetTraining(2, 10);
+  b.SetCutManID(1, 100001);
+  b.SetCutManID(2, 100002);
+  b.SetTrainerID(1, 200001);
+  b.SetTrainerID(2, 200002);
+  b.SetWager(1, 500);
+  b.SetWager(2, 600);
+  b.SetWinner(2);
+}
+
+TEST(CBoutTest, RecordMatchesTheLayoutAndLeavesWagersAndWinnerOut) {
+  TempSettings env;
+  CBout bout;
+  FillBout(bout);
+  bout.SaveToFile(env.File("bout.bin"));
+
+  Bytes expected;
+  expected.Lng(1000001).Str("Joe").Str("Louis").Str("Max").Str("Baer").Lng(11).Lng(12).Lng(3);
+  expected.Int(1).Int(2).Int(3).Int(4).Int(5).Int(6).Int(70).Int(80).Int(7).Int(8).Int(9).Int(10);
+  expected.Lng(100001).Lng(100002).Lng(200001).Lng(200002);
+  test::DefaultOptionsRecord(expected);
+  EXPECT_EQ(ReadFileBytes(env.File("bout.bin")), expected.Get());
+
+  CBout loaded;
+  loaded.SetWager(1, 1);
+  loaded.LoadFromFile(env.File("bout.bin"));
+  for (int16_t i = 1; i <= 2; ++i) {
+    EXPECT_EQ(loaded.FighterFirstName(i), bout.FighterFirstName(i));
+    EXPECT_EQ(loaded.FighterLastName(i), bout.FighterLastName(i));
+    EXPECT_EQ(loaded.FighterID(i), bout.FighterID(i));
+    EXPECT_EQ(loaded.CareerStage(i), bout.CareerStage(i));
+    EXPECT_EQ(loaded.Conditioning(i), bout.Conditioning(i));
+    EXPECT_EQ(loaded.DrawPower(i), bout.DrawPower(i));
+    EXPECT_EQ(loaded.Rating(i), bout.Rating(i));
+    EXPECT_EQ(loaded.Style(i), bout.Style(i));
+    EXPECT_EQ(loaded.Training(i), bout.Training(i));
+    EXPECT_EQ(loaded.CutManID(i), bout.CutManID(i));
+    EXPECT_EQ(loaded.TrainerID(i), bout.TrainerID(i));
+  }
+  EXPECT_EQ(loaded.Repeat(), 3);
+  EXPECT_EQ(loaded.Wager(1), 1);  // untouched by the load
+  EXPECT_EQ(loaded.Wager(2), 0);
+  EXPECT_EQ(loaded.Winner(), 0);
+}
+
+TEST(CBoutTest, CloneCopiesEverythingIntoTheTargetsOwnOptions) {
+  TempSettings env;
+  CBout source;
+  FillBout(source);
+  source.Options()->SetRounds(15);
+  source.OddsForFight();
+  CBout target;
+  const auto options = target.Options();
+  source.Clone(target);
+  EXPECT_EQ(target.Options(), options);
+  EXPECT_EQ(options->Rounds(), 15);
+  EXPECT_EQ(target.Description(), "Joe Louis vs Max Baer");
+  EXPECT_EQ(target.Wager(1), 500);
+  EXPECT_EQ(target.Wager(2), 600);
+  EXPECT_EQ(target.Winner(), 2);
+  EXPECT_EQ(target.Repeat(), 3);
+  EXPECT_EQ(target.TrainerID(2), 200002);
+  EXPECT_FLOAT_EQ(target.OddsModifier(), source.OddsModifier());
+}
+
+TEST(CBoutTest, CloneOfOneFighterMovesHisSettingsOnly) {
+  TempSettings env;
+  CBout source;
+  FillBout(source);
+  CBout target;
+  target.SetFighterLastName(1, "Stays");
+  target.SetRepeat(9);
+  target.SetWinner(1);
+  target.Options()->SetRounds(4);
+  source.Clone(target, int16_t{2}, int16_t{1});
+  EXPECT_EQ(target.FighterName(1), "Max Baer");
+  EXPECT_EQ(target.FighterID(1), 12);
+  EXPECT_EQ(target.Rating(1), 80);
+  EXPECT_EQ(target.Wager(1), 600);
+  EXPECT_EQ(target.CutManID(1), 100002);
+  EXPECT_EQ(target.FighterID(2), 0);
+  EXPECT_EQ(target.Repeat(), 9);
+  EXPECT_EQ(target.Winner(), 1);
+  EXPECT_EQ(target.Options()->Rounds(), 4);
+
+  // One number alone names both positions; swapping corners within a bout.
+  source.Clone(target, int16_t{1});
+  EXPECT_EQ(target.FighterName(1), "Joe Louis");
+  source.Clone(source, int16_t{1}, int16_t{2});
+  EXPECT_EQ(source.FighterName(2), "Joe Louis");
+}
+
+TEST(CBoutTest, IndexOutsideOneAndTwoIsTheCallersFault) {
+  TempSettings env;
+  CBout bout;
+  bout.SetRating(1, 5);
+  bout.SetRating(2, 6);
+  EXPECT_DEBUG_DEATH(bout.SetRating(3, 99), "");
+  EXPECT_DEBUG_DEATH(bout.SetFighterLastName(0, "x"), "");
+  EXPECT_EQ(bout.Rating(1), 5);
+  EXPECT_EQ(bout.Rating(2), 6);
+  EXPECT_EQ(bout.FighterLastName(1), "");
+}
+
+}  // namespace
+}  // namespace ringbook
