@@ -245,5 +245,281 @@ TEST(WeightClassAdjustmentTest, ARatingPastTheIntegerRangeOverflows) {
   EXPECT_EQ(f.FR()->Kdr1(), 1);  // the earlier changes stay made
 }
 
+// ---- Training ----
+
+TEST(TrainingAdjustmentTest, TrainerGradeAndCampRollSetTheSteps) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetBaseline(*f.FR());
+  f.SetTraining(etfOffense);
+  f.Trainer()->SetTrainingOffense(9);  // three steps
+  f.Trainer()->SetTrainingAverage(0);  // not the rating an offense camp reads
+  dice->Then(50);
+  int16_t v = 0;
+  f.AdjustForTraining(v);
+  EXPECT_EQ(v, 3);
+  EXPECT_EQ(f.FR()->Pl(), 11);
+  EXPECT_EQ(f.FR()->Hp(), 11);
+  EXPECT_EQ(f.FR()->Cp(), 11);
+  EXPECT_EQ(f.FR()->Defn(), 10);
+
+  // A balanced camp with a grade-1 trainer: a bad camp roll of 10 wipes out
+  // the step, a roll of 11 does not, a roll of 91 adds one.
+  struct Case {
+    int32_t roll;
+    int16_t steps;
+    int16_t pl;
+    int16_t defn;
+  };
+  for (const Case c : {Case{10, 0, 10, 10}, Case{11, 1, 11, 10}, Case{91, 2, 11, 11}}) {
+    SetBaseline(*f.FR());
+    f.SetTraining(etfBalanced);
+    f.Trainer()->SetTrainingAverage(4);
+    dice->Then(c.roll);
+    v = 0;
+    f.AdjustForTraining(v);
+    EXPECT_EQ(v, c.steps) << "roll " << c.roll;
+    EXPECT_EQ(f.FR()->Pl(), c.pl) << "roll " << c.roll;
+    EXPECT_EQ(f.FR()->Defn(), c.defn) << "roll " << c.roll;
+    EXPECT_EQ(f.FR()->E10(), 10) << "roll " << c.roll;
+  }
+}
+
+TEST(TrainingAdjustmentTest, HostStepsAreAddedAndTheTotalIsBounded) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetBaseline(*f.FR());
+  f.SetTraining(etfDefense);
+  f.Trainer()->SetTrainingDefense(0);
+  dice->Then(1);  // bad camp: -1, plus the host's -5, held at -2
+  int16_t v = -5;
+  f.AdjustForTraining(v);
+  EXPECT_EQ(v, -2);
+  EXPECT_EQ(f.FR()->Defn(), 9);
+  EXPECT_EQ(f.FR()->Kdr1(), 6);  // a lost defensive step: easier to drop
+  EXPECT_EQ(f.FR()->Kdr2(), 5);
+
+  SetBaseline(*f.FR());
+  f.Trainer()->SetTrainingDefense(10);
+  dice->Then(100);  // 3 + 1 + the host's 4, held at 3
+  v = 4;
+  f.AdjustForTraining(v);
+  EXPECT_EQ(v, 3);
+  EXPECT_EQ(f.FR()->Defn(), 11);  // no rating moves by more than one
+  EXPECT_EQ(f.FR()->Kdr1(), 4);
+  EXPECT_EQ(f.FR()->Kdr2(), 4);
+}
+
+TEST(TrainingAdjustmentTest, RatingsStayInsideTheirBands) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  f.SetTraining(etfDefense);
+  f.Trainer()->SetTrainingDefense(9);
+  f.FR()->SetKdr1(1);  // already as hard to drop as the scale allows
+  f.FR()->SetKdr2(0);  // outside the scale: left alone
+  dice->Then(50);
+  int16_t v = 0;
+  f.AdjustForTraining(v);
+  EXPECT_EQ(f.FR()->Kdr1(), 1);
+  EXPECT_EQ(f.FR()->Kdr2(), 0);
+  EXPECT_EQ(f.FR()->Defn(), 1);
+}
+
+TEST(TrainingAdjustmentTest, HardCampRisksOvertraining) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetBaseline(*f.FR());
+  f.SetTraining(etfHardCamp);
+  f.Trainer()->SetTrainingAverage(6);  // 2 steps, and 1 for the hard camp
+  dice->Then(50).Then(20);             // camp roll, then overtrained
+  int16_t v = 0;
+  f.AdjustForTraining(v);
+  EXPECT_EQ(v, 3);
+  EXPECT_EQ(f.FR()->E10(), 10 + 1 - 2);
+  EXPECT_EQ(f.FR()->Hp(), 11);
+  EXPECT_EQ(f.FR()->Defn(), 11);
+
+  SetBaseline(*f.FR());
+  dice->Then(50).Then(21);
+  v = 0;
+  f.AdjustForTraining(v);
+  EXPECT_EQ(f.FR()->E10(), 11);
+}
+
+TEST(TrainingAdjustmentTest, NoCampForAnUnknownFocus) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetBaseline(*f.FR());
+  f.SetTraining(7);
+  int16_t v = 2;
+  f.AdjustForTraining(v);
+  EXPECT_EQ(v, 0);
+  EXPECT_EQ(f.FR()->Pl(), 10);
+  EXPECT_EQ(dice->Rolled(), 0);
+}
+
+// ---- Career stage ----
+
+TEST(CareerStageAdjustmentTest, EachStageChangesWhatItsRowSays) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetBaseline(*f.FR());
+  f.SetCareer(ecsFaded);
+  dice->Then(1);  // Motivate 0: a chance of 0, the penalties stand
+  Variant v;
+  f.AdjustForCareerStage(v);
+  EXPECT_EQ(v.ToInteger(), ecsFaded);
+  EXPECT_EQ(f.FR()->Pl(), 9);
+  EXPECT_EQ(f.FR()->E10(), 8);
+  EXPECT_EQ(f.FR()->Kdr1(), 6);
+  EXPECT_EQ(f.FR()->Kor(), 7);
+
+  SetBaseline(*f.FR());
+  f.SetCareer(ecsRising);  // bonuses only: no roll
+  v = Variant();
+  f.AdjustForCareerStage(v);
+  EXPECT_EQ(f.FR()->E10(), 11);
+  EXPECT_EQ(f.FR()->Ki(), 6);
+
+  SetBaseline(*f.FR());
+  f.SetCareer(ecsPrime);
+  f.AdjustForCareerStage(v = Variant());
+  EXPECT_EQ(v.ToInteger(), ecsPrime);
+  f.SetCareer(12);  // not a stage
+  f.AdjustForCareerStage(v = Variant());
+  EXPECT_EQ(v.ToInteger(), 12);
+  EXPECT_EQ(f.FR()->E10(), 10);
+  EXPECT_EQ(f.FR()->Pl(), 10);
+}
+
+TEST(CareerStageAdjustmentTest, AMotivatingTrainerSparesThePenaltiesOnly) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetBaseline(*f.FR());
+  f.Trainer()->SetMotivate(10);  // 50 %
+  f.SetCareer(ecsVeteran);
+  dice->Then(50);
+  Variant v;
+  f.AdjustForCareerStage(v);
+  EXPECT_EQ(f.FR()->Defn(), 11);  // the bonus stays
+  EXPECT_EQ(f.FR()->E10(), 10);
+  EXPECT_EQ(f.FR()->Kor(), 5);
+
+  SetBaseline(*f.FR());
+  f.Trainer()->SetMotivate(40);  // capped at 50 %
+  dice->Then(51);
+  f.AdjustForCareerStage(v = Variant());
+  EXPECT_EQ(f.FR()->Defn(), 11);
+  EXPECT_EQ(f.FR()->E10(), 9);
+  EXPECT_EQ(f.FR()->Kor(), 6);
+}
+
+TEST(CareerStageAdjustmentTest, AGivenStageOverridesCareerAndKorStaysOnItsScale) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetBaseline(*f.FR());
+  f.FR()->SetKor(9);
+  f.SetCareer(ecsPrime);
+  dice->Then(100);
+  Variant v(int16_t{ecsFaded});
+  f.AdjustForCareerStage(v);
+  EXPECT_EQ(f.FR()->Kor(), 10);  // 9 + 2, held at the top of the scale
+
+  // A fighter the rules never knock out (Kor 0) is not made knockable.
+  f.FR()->SetKor(0);
+  dice->Then(100);
+  f.AdjustForCareerStage(v = Variant("4"));
+  EXPECT_EQ(f.FR()->Kor(), 0);
+
+  v = Variant("veteran");
+  EXPECT_THROW(f.AdjustForCareerStage(v), Error);
+}
+
+// ---- Conditioning ----
+
+TEST(ConditioningAdjustmentTest, ConditionRowsAndTheFightersOwnHabits) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetBaseline(*f.FR());
+  f.SetCondition(ecnPoor);
+  dice->Then(1);  // Conditioning 0: no help
+  f.AdjustForConditioning();
+  EXPECT_EQ(f.FR()->Pl(), 9);
+  EXPECT_EQ(f.FR()->Defn(), 9);
+  EXPECT_EQ(f.FR()->E10(), 7);
+  EXPECT_EQ(f.FR()->Kdr1(), 6);
+  EXPECT_EQ(f.CfModifier(), -2);
+
+  // Conditioning 10 gives a 50 % chance of halving every penalty.
+  SetBaseline(*f.FR());
+  f.FR()->SetConditioning(10);
+  f.SetCfModifier(0);
+  dice->Then(50);
+  f.AdjustForConditioning();
+  EXPECT_EQ(f.FR()->Pl(), 10);
+  EXPECT_EQ(f.FR()->Defn(), 10);
+  EXPECT_EQ(f.FR()->E10(), 9);
+  EXPECT_EQ(f.FR()->Kdr1(), 5);
+  EXPECT_EQ(f.CfModifier(), -1);
+
+  SetBaseline(*f.FR());
+  f.SetCondition(ecnSharp);  // no penalty, no roll
+  f.AdjustForConditioning();
+  EXPECT_EQ(f.FR()->E10(), 11);
+  EXPECT_EQ(f.CfModifier(), 0);
+}
+
+TEST(ConditioningAdjustmentTest, EffectsStayBounded) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  f.FR()->SetE10(2);
+  f.FR()->SetKdr1(10);
+  f.SetCfModifier(-4);
+  f.SetCondition(ecnPoor);
+  dice->Then(100);
+  f.AdjustForConditioning();
+  EXPECT_EQ(f.FR()->E10(), 0);    // not below the record's floor
+  EXPECT_EQ(f.FR()->Kdr1(), 10);  // not above the scale
+  EXPECT_EQ(f.CfModifier(), -5);  // held to its band
+  EXPECT_EQ(f.FR()->Pl(), 0);
+}
+
+// The worked examples of docs/engine-adjustments.md.
+TEST(DocumentedExamplesTest, TrainingCareerAndConditioning) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetBaseline(*f.FR());
+  f.SetTraining(etfOffense);
+  f.Trainer()->SetTrainingOffense(7);
+  dice->Then(95);
+  int16_t v = 0;
+  f.AdjustForTraining(v);
+  EXPECT_EQ(v, 3);
+  EXPECT_EQ(f.FR()->Pl(), 11);
+  EXPECT_EQ(f.FR()->Hp(), 11);
+  EXPECT_EQ(f.FR()->Cp(), 11);
+
+  SetBaseline(*f.FR());
+  f.SetCareer(ecsVeteran);
+  f.Trainer()->SetMotivate(6);
+  dice->Then(42);
+  Variant stage;
+  f.AdjustForCareerStage(stage);
+  EXPECT_EQ(f.FR()->Defn(), 11);
+  EXPECT_EQ(f.FR()->E10(), 9);
+  EXPECT_EQ(f.FR()->Kor(), 6);
+
+  SetBaseline(*f.FR());
+  f.SetCondition(ecnPoor);
+  f.FR()->SetConditioning(8);
+  dice->Then(25);
+  f.AdjustForConditioning();
+  EXPECT_EQ(f.FR()->E10(), 9);
+  EXPECT_EQ(f.CfModifier(), -1);
+  EXPECT_EQ(f.FR()->Pl(), 10);
+  EXPECT_EQ(f.FR()->Defn(), 10);
+  EXPECT_EQ(f.FR()->Kdr1(), 5);
+}
+
 }  // namespace
 }  // namespace ringbook
