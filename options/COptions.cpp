@@ -3,6 +3,10 @@
 #include "core/DateTime.h"
 #include "core/Error.h"
 #include "core/HostServices.h"
+#include "store/NAnnouncers.h"
+#include "store/NJudges.h"
+#include "store/NLocations.h"
+#include "store/NReferees.h"
 
 namespace ringbook {
 namespace {
@@ -70,6 +74,32 @@ void CloneInto(const std::shared_ptr<T>& source, std::shared_ptr<T>& target) {
   }
   if (!target) target = std::make_shared<T>();
   source->Clone(*target);
+}
+
+// Copies row `id` of `collection` into `target` (made when missing). A
+// failure, such as a table without rows, leaves `target` as it was.
+template <class Collection, class Record>
+void CopyItem(Collection& collection, int32_t id, std::shared_ptr<Record>& target) {
+  try {
+    const std::shared_ptr<Record> record = collection.Item(id);
+    if (!record) return;
+    if (!target) target = std::make_shared<Record>();
+    record->Clone(*target);
+  } catch (const Error&) {
+    // The row cannot be read: keep what there is.
+  }
+}
+
+// As CopyItem, with a collection of its own. Creating the collection opens
+// the game database, which fails when there is none.
+template <class Collection, class Record>
+void CopyFromDatabase(int32_t id, std::shared_ptr<Record>& target) {
+  try {
+    Collection collection;
+    CopyItem(collection, id, target);
+  } catch (const Error&) {
+    // No game database: keep what there is.
+  }
 }
 
 }  // namespace
@@ -256,8 +286,17 @@ void COptions::ApplySingleFightDefaults() {
 }
 
 void COptions::CopyDefaultOfficials() {
-  // The database collections are not wired in yet: the officials stay as
-  // they are.
+  CopyFromDatabase<NReferees>(2, referee_);
+  CopyFromDatabase<NLocations>(1, location_);
+  CopyFromDatabase<NAnnouncers>(1, announcer_);
+  try {
+    NJudges judges;
+    for (std::size_t i = 0; i < judges_.size(); ++i) {
+      CopyItem(judges, static_cast<int32_t>(4 + i), judges_[i]);
+    }
+  } catch (const Error&) {
+    // No game database: the judges stay as they are.
+  }
 }
 
 void COptions::Save(CStream* Stream) {

@@ -5,6 +5,11 @@
 #include <filesystem>
 
 #include "core/DateTime.h"
+#include "store/GameDatabase.h"
+#include "store/NAnnouncers.h"
+#include "store/NJudges.h"
+#include "store/NLocations.h"
+#include "store/NReferees.h"
 #include "support/Bytes.h"
 #include "support/RecordBytes.h"
 #include "support/TempSettings.h"
@@ -188,6 +193,53 @@ TEST(COptionsTest, NewOptionsLoadAnExistingStyleFileInsteadOfDefaults) {
   // Creation sets the scheduler default after loading, and saves nothing.
   EXPECT_EQ(o.SchedulerDefaultRepeats(), 10);
   EXPECT_EQ(ReadFileBytes(env.OptionsFile(0)), file);
+}
+
+TEST(COptionsTest, SingleFightDefaultsCopyOfficialsFromTheGameDatabase) {
+  TempSettings env;
+  CreateGameDatabase(env.DatabasePath());
+  {
+    NReferees referees;
+    for (const char* name : {"First", "Second"}) {
+      auto r = std::make_shared<CReferee>();
+      r->SetLastName(name);
+      r->SetFouls(3);
+      referees.AddRecord(r);
+    }
+    NLocations locations;
+    auto l = std::make_shared<CLocation>();
+    l->SetArena("Arena One");
+    locations.AddRecord(l);
+  }
+  COptions o;
+  EXPECT_EQ(o.Referee()->ID(), 2);
+  EXPECT_EQ(o.Referee()->LastName(), "Second");
+  EXPECT_EQ(o.Referee()->Fouls(), 3);
+  EXPECT_EQ(o.Location()->ID(), 1);
+  EXPECT_EQ(o.Location()->Arena(), "Arena One");
+  // No announcers and no judges in the database: those stay empty.
+  EXPECT_EQ(o.Announcer()->ID(), 0);
+  EXPECT_EQ(o.Judge(1)->ID(), 0);
+
+  {
+    NAnnouncers announcers;
+    auto a = std::make_shared<CAnnouncer>();
+    a->SetLastName("Voice");
+    announcers.AddRecord(a);
+    NJudges judges;
+    for (int i = 1; i <= 6; ++i) {
+      auto j = std::make_shared<CJudge>();
+      j->SetLastName("Judge" + std::to_string(i));
+      judges.AddRecord(j);
+    }
+  }
+  std::filesystem::remove(env.OptionsFile(0));
+  COptions again;
+  EXPECT_EQ(again.Announcer()->LastName(), "Voice");
+  for (int16_t i = 1; i <= 3; ++i) {
+    EXPECT_EQ(again.Judge(i)->ID(), i + 3);
+    EXPECT_EQ(again.Judge(i)->LastName(), "Judge" + std::to_string(i + 3));
+  }
 }
 
 TEST(COptionsTest, StyleIsTakenOnceAfterCreationAndThenIgnored) {
