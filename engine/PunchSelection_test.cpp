@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <memory>
+
+#include "core/SeededDice.h"
+#include "engine/CFighterInFight.h"
+#include "support/ScriptedDice.h"
+
+namespace ringbook {
+namespace {
+
+using test::DiceScope;
+using test::ScriptedDiceScope;
+
+// Ratings in the walking order: J3, J2, H3, H2, Cr3, Cr2, Cb3, Cb2, U3, U2.
+void SetPunches(CFighter& fr, const std::array<float, 10>& r) {
+  fr.SetJ3(r[0]);
+  fr.SetJ2(r[1]);
+  fr.SetH3(r[2]);
+  fr.SetH2(r[3]);
+  fr.SetCr3(r[4]);
+  fr.SetCr2(r[5]);
+  fr.SetCb3(r[6]);
+  fr.SetCb2(r[7]);
+  fr.SetU3(r[8]);
+  fr.SetU2(r[9]);
+}
+
+constexpr int32_t kTop = 10000;
+
+TEST(PunchTypeTest, DrawsAgainstTheRunningSum) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetPunches(*f.FR(), {10, 5, 0, 0, 0, 0, 0, 0, 0, 0});
+  for (int32_t roll : {1, 1000, 1001, 1500, 1501, 10000}) dice->Then(roll, kTop);
+  EXPECT_EQ(f.PunchType(), 1);
+  EXPECT_EQ(f.PunchType(), 1);
+  EXPECT_EQ(f.PunchType(), 6);
+  EXPECT_EQ(f.PunchType(), 6);
+  EXPECT_EQ(f.PunchType(), 0);
+  EXPECT_EQ(f.PunchType(false), 0);
+}
+
+TEST(PunchTypeTest, ForcedPunchRedrawsUntilOneLands) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetPunches(*f.FR(), {10, 5, 0, 0, 0, 0, 0, 0, 0, 0});
+  dice->Then(1501, kTop).Then(9999, kTop).Then(1001, kTop);
+  EXPECT_EQ(f.PunchType(true), 6);
+  EXPECT_EQ(dice->Rolled(), 3);
+}
+
+TEST(PunchTypeTest, TheOrderInterleavesEachFamilysVariants) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  // Ten ratings of 10: the k-th tenth of the draw falls on the k-th rating
+  // of the walking order, not on type k.
+  SetPunches(*f.FR(), {10, 10, 10, 10, 10, 10, 10, 10, 10, 10});
+  const int16_t expected[10] = {1, 6, 2, 7, 3, 8, 4, 9, 5, 10};
+  for (int k = 1; k <= 10; ++k) dice->Then(k * 1000, kTop).Then(k * 1000 - 999, kTop);
+  for (int k = 0; k < 10; ++k) {
+    EXPECT_EQ(f.PunchType(), expected[k]) << "upper edge of rating " << k;
+    EXPECT_EQ(f.PunchType(), expected[k]) << "lower edge of rating " << k;
+  }
+}
+
+TEST(PunchTypeTest, RatingsPastOneHundredStarveTheLateFamilies) {
+  CFighterInFight f;
+  SetPunches(*f.FR(), {30, 30, 30, 30, 30, 30, 30, 30, 30, 30});
+  ScriptedDiceScope dice;
+  for (int32_t roll = 1; roll <= kTop; ++roll) dice->Then(roll, kTop);
+  std::array<int, 11> seen{};
+  for (int32_t roll = 1; roll <= kTop; ++roll) ++seen[f.PunchType()];
+  EXPECT_EQ(seen[1], 3000);
+  EXPECT_EQ(seen[6], 3000);
+  EXPECT_EQ(seen[2], 3000);  // the sum reaches 90 at H3
+  EXPECT_EQ(seen[7], 1000);
+  for (int type : {0, 3, 8, 4, 9, 5, 10}) EXPECT_EQ(seen[type], 0) << "type " << type;
+}
+
+TEST(PunchTypeTest, PartialSumsAreRoundedTo32BitFloats) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  // 0.03f + 0.98f rounds to a float just below 1.01, while the exact sum of
+  // the two floats lies above it: the draw of 1.01 passes J2.
+  SetPunches(*f.FR(), {0.03f, 0.98f, 1, 0, 0, 0, 0, 0, 0, 0});
+  dice->Then(100, kTop).Then(101, kTop).Then(3, kTop);
+  EXPECT_EQ(f.PunchType(), 6);
+  EXPECT_EQ(f.PunchType(), 2);
+  // 0.03f itself is just below 0.03: the draw of 0.03 already passes J3.
+  EXPECT_EQ(f.PunchType(), 6);
+
+  // The other way round: 0.06f + 0.01f rounds up to just above 0.07, while
+  // the exact sum lies below it, so the draw of 0.07 stops at J2.
+  SetPunches(*f.FR(), {0.06f, 0.01f, 1, 0, 0, 0, 0, 0, 0, 0});
+  dice->Then(7, kTop).Then(8, kTop);
+  EXPECT_EQ(f.PunchType(), 6);
+  EXPECT_EQ(f.PunchType(), 2);
+}
+
+TEST(PunchTypeTest, SeededDrawsFollowTheRatingsShares) {
+  CFighterInFight f;
+  const std::array<float, 10> ratings = {12.5f, 7.5f, 10, 5, 8, 4, 6, 3, 9, 5};  // 70 in all
+  SetPunches(*f.FR(), ratings);
+  const int16_t type_of[10] = {1, 6, 2, 7, 3, 8, 4, 9, 5, 10};
+  std::array<double, 11> share{};
+  for (int i = 0; i < 10; ++i) share[static_cast<std::size_t>(type_of[i])] = ratings[i] / 100.0;
+  share[0] = 0.30;
+
+  DiceScope dice(std::make_shared<SeededDice>(20240521));
+  constexpr int kDraws = 100000;
+  for (bool force : {false, true}) {
+    std::array<int, 11> seen{};
+    for (int i = 0; i < kDraws; ++i) ++seen[static_cast<std::size_t>(f.PunchType(force))];
+    for (std::size_t type = 0; type <= 10; ++type) {
+      // A forced punch spreads the 30 % of no punch over the ten ratings.
+      const double p = force ? (type == 0 ? 0.0 : share[type] / 0.70) : share[type];
+      const double expected = p * kDraws;
+      const double tolerance = 5 * std::sqrt(kDraws * p * (1 - p)) + 1;
+      EXPECT_NEAR(seen[type], expected, tolerance) << "type " << type << " forced " << force;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace ringbook
