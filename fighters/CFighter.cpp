@@ -2,6 +2,8 @@
 
 #include "core/Error.h"
 #include "core/Text.h"
+#include "store/NTitles.h"
+#include "store/VariantArray2D.h"
 
 namespace ringbook {
 namespace {
@@ -169,6 +171,28 @@ std::string CFighter::Record() const {
 std::string CFighter::Name(bool IgnoreNickName) const {
   if (IgnoreNickName) return text::Trim(first_name_ + " " + last_name_);
   return full_name_;
+}
+
+void CFighter::FillListWithTitles(const Variant& ListControl) const {
+  const std::shared_ptr<IListControl> list = ListControl.As<IListControl>();
+  if (!list) throw Error::ObjectNotSet();
+  list->Clear();
+  if (title_ids_.empty()) {
+    list->AddItem("None");
+  } else {
+    VariantArray2D titles;
+    NTitles().FillArray(titles);
+    if (titles.IsDimensioned()) {
+      for (int32_t row = titles.LBound(1); row <= titles.UBound(1); ++row) {
+        const Variant& id = titles(row, 1);
+        // Binary search for the enclosed key, so "|1|" never matches "|12|".
+        if (title_ids_.find("|" + id.ToText() + "|") == std::string::npos) continue;
+        list->AddItem(titles(row, 0).ToText());
+        list->SetItemData(list->NewIndex(), id.ToLong());
+      }
+    }
+  }
+  list->SetFontBold(!title_ids_.empty());
 }
 
 void CFighter::Clone(CFighter& Fighter, ERecordSection RecordSection) const {

@@ -275,6 +275,15 @@ class RINGBOOK_EXPORT CFighter : public Object {
   /// Otherwise the full name: first name, nickname (when there is one) and
   /// last name, joined by blanks and trimmed; the nickname gets no quotes.
   std::string Name(bool IgnoreNickName = false) const;
+  /// Fills the host's list control `ListControl` with the titles this
+  /// fighter holds: clears it, then adds the name of every title of the
+  /// game database ("qryTitles" order) whose "|ID|" occurs in `TitleIDs`,
+  /// with the title's `ID` as its `ItemData`. With `TitleIDs` empty the list
+  /// shows the single item "None". The font is bold exactly when `TitleIDs`
+  /// is not empty. `ListControl` must hold a list control (type mismatch
+  /// otherwise, object not set for Nothing); failures of the control or of
+  /// the database reach the caller.
+  void FillListWithTitles(const Variant& ListControl) const;
   /// Always false, whatever `TitleIDs` holds: callers test `TitleIDs` or use
   /// `FillListWithTitles`.
   bool HasTitles() const { return false; }

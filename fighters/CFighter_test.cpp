@@ -6,6 +6,8 @@
 #include <limits>
 
 #include "core/Error.h"
+#include "support/GameDatabaseFixture.h"
+#include "support/ListBoxDouble.h"
 
 namespace ringbook {
 namespace {
@@ -459,6 +461,57 @@ TEST(CFighterTest, CloneAppliesTheTargetsSetterRules) {
   CFighter target;
   source.Clone(target, ersProfile);
   EXPECT_EQ(target.Tko(), 1);
+}
+
+// The titles a fighter holds, listed from the game database.
+class CFighterTitlesTest : public test::GameDatabaseFixture {
+ protected:
+  void AddTitles() {
+    Sql("INSERT INTO Titles (TitleId, Name) VALUES (1, 'World'), (3, 'Commonwealth'),"
+        " (12, 'European'), (17, 'National')");
+  }
+  std::shared_ptr<test::ListBoxDouble> list_ = std::make_shared<test::ListBoxDouble>();
+};
+
+TEST_F(CFighterTitlesTest, NoTitlesShowsNoneAndNoBold) {
+  AddTitles();
+  list_->AddItem("stale");
+  list_->SetFontBold(true);
+  CFighter f;
+  f.FillListWithTitles(Variant(list_));
+  EXPECT_EQ(list_->Texts(), std::vector<std::string>{"None"});
+  EXPECT_FALSE(list_->FontBold());
+}
+
+TEST_F(CFighterTitlesTest, ListsHeldTitlesInQueryOrderWithTheirKeys) {
+  AddTitles();
+  CFighter f;
+  f.SetTitleIDs("|17|3|");  // "|1|" is not held, though "1" occurs in "17"
+  f.FillListWithTitles(Variant(list_));
+  // "qryTitles" orders by name.
+  EXPECT_EQ(list_->Texts(), (std::vector<std::string>{"Commonwealth", "National"}));
+  EXPECT_EQ(list_->Data(), (std::vector<int32_t>{3, 17}));
+  EXPECT_TRUE(list_->FontBold());
+  EXPECT_EQ(list_->ClearCount(), 1);
+}
+
+TEST_F(CFighterTitlesTest, KeysThatMatchNoTitleLeaveTheListEmptyButBold) {
+  CFighter f;
+  f.SetTitleIDs("|99|");
+  f.FillListWithTitles(Variant(list_));  // an empty title table
+  EXPECT_EQ(list_->ListCount(), 0);
+  EXPECT_TRUE(list_->FontBold());
+}
+
+TEST_F(CFighterTitlesTest, ListControlMustBeSet) {
+  CFighter f;
+  try {
+    f.FillListWithTitles(Variant(std::shared_ptr<IListControl>()));
+    FAIL() << "no error";
+  } catch (const Error& e) {
+    EXPECT_EQ(e.Number(), errnum::kObjectNotSet);
+  }
+  EXPECT_THROW(f.FillListWithTitles(Variant("list")), Error);
 }
 
 }  // namespace
