@@ -65,7 +65,6 @@ bool BufferedFile::Open(const std::string& path, Mode mode, int& error) {
   window_start_ = 0;
   window_len_ = 0;
   dirty_lo_ = SIZE_MAX;
-  dirty_hi_ = 0;
   return LoadWindow(0);
 }
 
@@ -80,13 +79,15 @@ bool BufferedFile::Close() {
 }
 
 bool BufferedFile::Flush() {
-  if (file_ == nullptr || dirty_hi_ <= dirty_lo_ || dirty_lo_ == SIZE_MAX) return true;
-  const std::size_t n = dirty_hi_ - dirty_lo_;
+  if (file_ == nullptr || dirty_lo_ >= window_len_) {
+    dirty_lo_ = SIZE_MAX;
+    return true;
+  }
+  const std::size_t n = window_len_ - dirty_lo_;
   const bool ok = SeekTo(file_, window_start_ + dirty_lo_) &&
                   std::fwrite(window_.data() + dirty_lo_, 1, n, file_) == n &&
                   std::fflush(file_) == 0;
   dirty_lo_ = SIZE_MAX;
-  dirty_hi_ = 0;
   return ok;
 }
 
@@ -147,7 +148,7 @@ bool BufferedFile::WriteSlow(const void* in, std::size_t n) {
     const std::size_t off = static_cast<std::size_t>(pos_ - window_start_);
     std::size_t take = kWindow - off;
     if (take > n) take = n;
-    WriteInWindow(src, take);
+    std::memcpy(Reserve(take), src, take);
     src += take;
     n -= take;
   }

@@ -36,20 +36,47 @@ class BufferedFile {
   /// Reads up to `n` bytes at the position and advances past them. Returns
   /// how many were read; fewer than `n` means the end of the file.
   std::size_t Read(void* out, std::size_t n) {
-    if (pos_ >= window_start_ && pos_ + n <= window_start_ + window_len_) {
-      std::memcpy(out, window_.data() + (pos_ - window_start_), n);
-      pos_ += n;
+    if (const unsigned char* p = Take(n)) {
+      std::memcpy(out, p, n);
       return n;
     }
     return ReadSlow(out, n);
   }
 
+  /// The next `n` bytes when the window already holds all of them, advancing
+  /// past them; nullptr (and no move) otherwise. The bytes stay valid until
+  /// the next call that reads, writes or seeks.
+  const unsigned char* Take(std::size_t n) {
+    // `off` wraps to a huge value when the position is before the window.
+    const uint64_t off = pos_ - window_start_;
+    if (off <= window_len_ && n <= window_len_ - off) {
+      pos_ += n;
+      return window_.data() + off;
+    }
+    return nullptr;
+  }
+
+  /// Room for the next `n` bytes when they fit in the window without leaving
+  /// a gap, advancing past them; the caller fills them in before the next
+  /// call. nullptr (and no move) when the slow path must be taken.
+  unsigned char* Reserve(std::size_t n) {
+    const uint64_t off = pos_ - window_start_;
+    if (writable_ && off <= window_len_ && n <= kWindow - off) {
+      const auto o = static_cast<std::size_t>(off);
+      if (o < dirty_lo_) dirty_lo_ = o;
+      if (o + n > window_len_) window_len_ = o + n;
+      pos_ += n;
+      if (pos_ > size_) size_ = pos_;
+      return window_.data() + o;
+    }
+    return nullptr;
+  }
+
   /// Writes `n` bytes at the position and advances. False when the file is
   /// read-only or a write-back failed.
   bool Write(const void* in, std::size_t n) {
-    if (writable_ && pos_ >= window_start_ && pos_ <= window_start_ + window_len_ &&
-        pos_ + n <= window_start_ + kWindow) {
-      WriteInWindow(in, n);
+    if (unsigned char* p = Reserve(n)) {
+      if (n != 0) std::memcpy(p, in, n);
       return true;
     }
     return WriteSlow(in, n);
@@ -63,15 +90,6 @@ class BufferedFile {
 
   std::size_t ReadSlow(void* out, std::size_t n);
   bool WriteSlow(const void* in, std::size_t n);
-  void WriteInWindow(const void* in, std::size_t n) {
-    const std::size_t off = static_cast<std::size_t>(pos_ - window_start_);
-    std::memcpy(window_.data() + off, in, n);
-    if (off < dirty_lo_) dirty_lo_ = off;
-    if (off + n > dirty_hi_) dirty_hi_ = off + n;
-    if (off + n > window_len_) window_len_ = off + n;
-    pos_ += n;
-    if (pos_ > size_) size_ = pos_;
-  }
   /// Moves the window to start at `start`, loading the file's bytes there.
   bool LoadWindow(uint64_t start);
 
@@ -80,8 +98,10 @@ class BufferedFile {
   std::vector<unsigned char> window_;
   uint64_t window_start_ = 0;
   std::size_t window_len_ = 0;  // bytes of the window that hold file data
+  // Window bytes from here to `window_len_` may differ from the file. Bytes
+  // in that range that were not written hold what was loaded, so writing the
+  // whole range back is harmless.
   std::size_t dirty_lo_ = SIZE_MAX;
-  std::size_t dirty_hi_ = 0;
   uint64_t pos_ = 0;
   uint64_t size_ = 0;
 };

@@ -27,6 +27,59 @@ std::string SystemText(int error) {
   return std::strerror(error);
 }
 
+// The failure paths are kept out of line so that the fixed-width readers and
+// writers compile to a bounds check and a copy into the buffer window.
+[[gnu::noinline, gnu::cold]] void ShortRead(void* out, std::size_t got, std::size_t n,
+                                            const char* source) {
+  std::memset(static_cast<unsigned char*>(out) + got, 0, n - got);
+  PostEof(source);
+}
+
+[[gnu::noinline, gnu::cold]] void WriteFailed(const char* source) {
+  // The seven typed writers deliberately carry no system text.
+  PostError(errnum::kStreamWrite, source, "Write Error: ");
+}
+
+// Plain ASCII text is its own Windows-1252 form; checked eight bytes at a time.
+bool IsAscii(const unsigned char* p, std::size_t n) {
+  std::size_t i = 0;
+  for (; i + 8 <= n; i += 8) {
+    uint64_t word;
+    std::memcpy(&word, p + i, 8);
+    if ((word & 0x8080808080808080ull) != 0) return false;
+  }
+  for (; i < n; ++i) {
+    if (p[i] >= 0x80) return false;
+  }
+  return true;
+}
+
+// The bytes of a fixed-width value: straight from the buffer window when it
+// holds them, else read into `scratch` (zero-filled past the end of the file,
+// with "EOF" posted).
+template <std::size_t N>
+inline const unsigned char* Fetch(BufferedFile& file, unsigned char (&scratch)[N],
+                                  const char* source) {
+  if (const unsigned char* p = file.Take(N)) [[likely]]
+    return p;
+  const std::size_t got = file.Read(scratch, N);
+  if (got != N) ShortRead(scratch, got, N, source);
+  return scratch;
+}
+
+// Encodes a fixed-width value straight into the buffer window when it fits,
+// else through the slow path.
+template <std::size_t N, class Encode>
+inline void Store(BufferedFile& file, const char* source, Encode encode) {
+  if (unsigned char* p = file.Reserve(N)) [[likely]] {
+    encode(p);
+    return;
+  }
+  unsigned char b[N];
+  encode(b);
+  if (!file.Write(b, N)) WriteFailed(source);
+}
+
 }  // namespace
 
 CStream::CStream() : file_(std::make_unique<BufferedFile>()) {}
@@ -105,54 +158,57 @@ void CStream::SetSeekTo(int32_t position) {
 
 // ---- reading ----
 
-bool CStream::ReadRaw(void* out, std::size_t n, const char* source) {
+inline bool CStream::ReadRaw(void* out, std::size_t n, const char* source) {
   const std::size_t got = file_->Read(out, n);
-  if (got == n) return true;
-  std::memset(static_cast<unsigned char*>(out) + got, 0, n - got);
-  PostEof(source);
+  if (got == n) [[likely]]
+    return true;
+  ShortRead(out, got, n, source);
   return false;
 }
 
 bool CStream::ReadBln() {
   unsigned char b[2];
-  ReadRaw(b, 2, "Stream:ReadBln");
-  return coding::DecodeFixed16(b) != 0;
+  return coding::DecodeFixed16(Fetch(*file_, b, "Stream:ReadBln")) != 0;
 }
 
 uint8_t CStream::ReadByte() {
-  unsigned char b = 0;
-  ReadRaw(&b, 1, "Stream:ReadByte");
-  return b;
+  unsigned char b[1];
+  return *Fetch(*file_, b, "Stream:ReadByte");
 }
 
 double CStream::ReadDate() {
   unsigned char b[8];
-  ReadRaw(b, 8, "Stream:ReadDate");
-  return coding::DoubleFromBits(coding::DecodeFixed64(b));
+  return coding::DoubleFromBits(coding::DecodeFixed64(Fetch(*file_, b, "Stream:ReadDate")));
 }
 
 int16_t CStream::ReadInt() {
   unsigned char b[2];
-  ReadRaw(b, 2, "Stream:ReadInt");
-  return static_cast<int16_t>(coding::DecodeFixed16(b));
+  return static_cast<int16_t>(coding::DecodeFixed16(Fetch(*file_, b, "Stream:ReadInt")));
 }
 
 int32_t CStream::ReadLng() {
   unsigned char b[4];
-  ReadRaw(b, 4, "Stream:ReadLng");
-  return static_cast<int32_t>(coding::DecodeFixed32(b));
+  return static_cast<int32_t>(coding::DecodeFixed32(Fetch(*file_, b, "Stream:ReadLng")));
 }
 
 float CStream::ReadSng() {
   unsigned char b[4];
-  ReadRaw(b, 4, "Stream:ReadSng");
-  return coding::FloatFromBits(coding::DecodeFixed32(b));
+  return coding::FloatFromBits(coding::DecodeFixed32(Fetch(*file_, b, "Stream:ReadSng")));
 }
 
 std::string CStream::ReadChars(uint64_t count, const char* source) {
+  // Usually the whole text is in the buffer window already, and most texts
+  // are plain ASCII: then it is copied once, straight into the result.
+  if (count <= SIZE_MAX) {
+    if (const unsigned char* p = file_->Take(static_cast<std::size_t>(count))) {
+      const std::string_view bytes(reinterpret_cast<const char*>(p),
+                                   static_cast<std::size_t>(count));
+      return IsAscii(p, bytes.size()) ? std::string(bytes) : text::FromAnsi(bytes);
+    }
+  }
   // Never allocate more than the file still holds, whatever a damaged count says.
   const uint64_t pos = file_->Position();
-  const uint64_t left = file_->Size() > pos ? file_->Size() - pos : 0;
+  const uint64_t left = file_->IsOpen() && file_->Size() > pos ? file_->Size() - pos : 0;
   const std::size_t n = static_cast<std::size_t>(count < left ? count : left);
   std::string bytes(n, '\0');
   const std::size_t got = n == 0 ? 0 : file_->Read(bytes.data(), n);
@@ -213,45 +269,40 @@ Variant CStream::ReadVar() {
 
 // ---- writing ----
 
-bool CStream::WriteRaw(const void* in, std::size_t n, const char* source) {
-  if (file_->Write(in, n)) return true;
-  // The seven typed writers deliberately carry no system text.
-  PostError(errnum::kStreamWrite, source, "Write Error: ");
+inline bool CStream::WriteRaw(const void* in, std::size_t n, const char* source) {
+  if (file_->Write(in, n)) [[likely]]
+    return true;
+  WriteFailed(source);
   return false;
 }
 
 void CStream::WriteBln(bool bBln) {
-  unsigned char b[2];
-  coding::EncodeFixed16(b, bBln ? 0xFFFF : 0);
-  WriteRaw(b, 2, "Stream:WriteBln");
+  Store<2>(*file_, "Stream:WriteBln",
+           [bBln](unsigned char* p) { coding::EncodeFixed16(p, bBln ? 0xFFFF : 0); });
 }
 
 void CStream::WriteByte(uint8_t yByte) {
-  WriteRaw(&yByte, 1, "Stream:WriteByte");
+  Store<1>(*file_, "Stream:WriteByte", [yByte](unsigned char* p) { *p = yByte; });
 }
 
 void CStream::WriteDate(double dDate) {
-  unsigned char b[8];
-  coding::EncodeFixed64(b, coding::DoubleBits(dDate));
-  WriteRaw(b, 8, "Stream:WriteDate");
+  Store<8>(*file_, "Stream:WriteDate",
+           [dDate](unsigned char* p) { coding::EncodeFixed64(p, coding::DoubleBits(dDate)); });
 }
 
 void CStream::WriteInt(int16_t iInt) {
-  unsigned char b[2];
-  coding::EncodeFixed16(b, static_cast<uint16_t>(iInt));
-  WriteRaw(b, 2, "Stream:WriteInt");
+  Store<2>(*file_, "Stream:WriteInt",
+           [iInt](unsigned char* p) { coding::EncodeFixed16(p, static_cast<uint16_t>(iInt)); });
 }
 
 void CStream::WriteLng(int32_t lLng) {
-  unsigned char b[4];
-  coding::EncodeFixed32(b, static_cast<uint32_t>(lLng));
-  WriteRaw(b, 4, "Stream:WriteLng");
+  Store<4>(*file_, "Stream:WriteLng",
+           [lLng](unsigned char* p) { coding::EncodeFixed32(p, static_cast<uint32_t>(lLng)); });
 }
 
 void CStream::WriteSng(float fSng) {
-  unsigned char b[4];
-  coding::EncodeFixed32(b, coding::FloatBits(fSng));
-  WriteRaw(b, 4, "Stream:WriteSng");
+  Store<4>(*file_, "Stream:WriteSng",
+           [fSng](unsigned char* p) { coding::EncodeFixed32(p, coding::FloatBits(fSng)); });
 }
 
 void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
@@ -267,7 +318,25 @@ void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
     write(bytes.data(), bytes.size());
     return;
   }
-  const std::string bytes = text::ToAnsi(sStr);
+  // Plain ASCII is already its own Windows-1252 form: write it as it is,
+  // count and characters in one go when the window has room.
+  const bool ascii = IsAscii(reinterpret_cast<const unsigned char*>(sStr.data()), sStr.size());
+  if (ascii && sStr.size() <= INT32_MAX) {
+    if (unsigned char* p = file_->Reserve(4 + sStr.size())) [[likely]] {
+      coding::EncodeFixed32(p, static_cast<uint32_t>(sStr.size()));
+      std::memcpy(p + 4, sStr.data(), sStr.size());
+      return;
+    }
+  }
+  const std::string converted = ascii ? std::string() : text::ToAnsi(sStr);
+  const std::string& bytes = ascii ? sStr : converted;
+  if (!ascii && bytes.size() <= INT32_MAX) {
+    if (unsigned char* p = file_->Reserve(4 + bytes.size())) {
+      coding::EncodeFixed32(p, static_cast<uint32_t>(bytes.size()));
+      std::memcpy(p + 4, bytes.data(), bytes.size());
+      return;
+    }
+  }
   unsigned char b[4];
   coding::EncodeFixed32(b, static_cast<uint32_t>(bytes.size()));
   if (!write(b, 4)) return;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace ringbook::text {
 namespace {
@@ -97,6 +98,19 @@ int CompareBy(std::string_view a, std::string_view b, Map map) {
   return 0;
 }
 
+bool IsAscii(std::string_view s) {
+  std::size_t i = 0;
+  for (; i + 8 <= s.size(); i += 8) {
+    uint64_t word;
+    std::memcpy(&word, s.data() + i, 8);
+    if ((word & 0x8080808080808080ull) != 0) return false;
+  }
+  for (; i < s.size(); ++i) {
+    if (static_cast<unsigned char>(s[i]) >= 0x80) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 std::size_t CharCount(std::string_view utf8) {
@@ -119,26 +133,43 @@ std::string Trim(std::string_view s) {
 }
 
 std::string ToAnsi(std::string_view utf8) {
-  std::string out;
-  out.reserve(utf8.size());
+  // Most texts are plain ASCII, which is the same in both encodings.
+  if (IsAscii(utf8)) return std::string(utf8);
+  // One byte per character: never longer than the UTF-8 text.
+  std::string out(utf8.size(), '\0');
+  char* o = out.data();
   for (std::size_t i = 0; i < utf8.size();) {
     const int b = AnsiByte(Decode(utf8, i));
-    out.push_back(b < 0 ? '?' : static_cast<char>(b));
+    *o++ = b < 0 ? '?' : static_cast<char>(b);
   }
+  out.resize(static_cast<std::size_t>(o - out.data()));
   return out;
 }
 
 std::string FromAnsi(std::string_view ansi) {
-  std::string out;
-  out.reserve(ansi.size() + ansi.size() / 4);
+  if (IsAscii(ansi)) return std::string(ansi);
+  // Exact size first: a short name then stays in the string's own storage.
+  auto code_point = [](unsigned char b) -> char32_t {
+    return b >= 0x80 && b < 0xA0 ? kHighTable[b - 0x80] : b;
+  };
+  std::size_t size = 0;
   for (const char c : ansi) {
-    const auto b = static_cast<unsigned char>(c);
-    if (b < 0x80) {
-      out.push_back(c);
-    } else if (b < 0xA0) {
-      Encode(kHighTable[b - 0x80], out);
+    const char32_t cp = code_point(static_cast<unsigned char>(c));
+    size += cp < 0x80 ? 1 : cp < 0x800 ? 2 : 3;
+  }
+  std::string out(size, '\0');
+  char* o = out.data();
+  for (const char c : ansi) {
+    const char32_t cp = code_point(static_cast<unsigned char>(c));
+    if (cp < 0x80) {
+      *o++ = c;
+    } else if (cp < 0x800) {
+      *o++ = static_cast<char>(0xC0 | (cp >> 6));
+      *o++ = static_cast<char>(0x80 | (cp & 0x3F));
     } else {
-      Encode(b, out);
+      *o++ = static_cast<char>(0xE0 | (cp >> 12));
+      *o++ = static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+      *o++ = static_cast<char>(0x80 | (cp & 0x3F));
     }
   }
   return out;
