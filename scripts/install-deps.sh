@@ -10,6 +10,17 @@ packages=(
   clang libclang-rt-14-dev
 )
 
+# Windows build and Wine tests of the COM server (com/, scripts/com-tests.sh):
+# the mingw-w64 cross compilers (win32 threads) and widl, the system IDL
+# files and stdole2.tlb, 64-bit Wine to run the tests, and what
+# scripts/mingw-sqlite.sh needs to make the SQLite amalgamation from
+# Debian's source package (dpkg-source, tclsh).
+packages+=(
+  g++-mingw-w64-i686-win32 g++-mingw-w64-x86-64-win32 mingw-w64-tools
+  libwine-dev wine64
+  dpkg-dev tcl
+)
+
 sudo_cmd=()
 if [ "$(id -u)" -ne 0 ]; then sudo_cmd=(sudo); fi
 
