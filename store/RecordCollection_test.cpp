@@ -14,6 +14,7 @@
 #include "people/CJudge.h"
 #include "people/CLocation.h"
 #include "store/NLocations.h"
+#include "store/NTitles.h"
 #include "support/GameDatabaseFixture.h"
 #include "support/ListBoxDouble.h"
 
@@ -268,6 +269,30 @@ TEST_F(RecordCollectionTest, RecordsInterfaceCastsAndForwards) {
   auto list = std::make_shared<ListBoxDouble>();
   records.FillList(Variant(list), 2);
   EXPECT_EQ(list->Texts(), (Texts{"C", "Top"}));
+}
+
+// The list routine itself, for the kinds no public member passes.
+class ListFollowingTitles : public NTitles {
+ public:
+  using NTitles::pvtUpdateList;
+};
+
+TEST_F(RecordCollectionTest, ListRoutineClearsOnlyForClearAndIgnoresOtherKinds) {
+  Sql("INSERT INTO Titles (Name) VALUES ('WBA'), ('WBC')");
+  ListFollowingTitles titles;
+  auto list = std::make_shared<ListBoxDouble>();
+  titles.FillList(list);
+  CTitle unlisted;
+  unlisted.SetID(99);
+
+  titles.pvtUpdateList(updListAddDefaults, unlisted, true);
+  titles.pvtUpdateList(static_cast<EUpdateListbox>(5), unlisted, true);
+  titles.pvtUpdateList(updListRemove, unlisted, true);  // no item of that ID
+  EXPECT_EQ(list->Texts(), (Texts{"WBA", "WBC"}));
+  EXPECT_EQ(list->SelectedIndexes(), Indexes{});
+
+  titles.pvtUpdateList(updListClear, unlisted, true);
+  EXPECT_EQ(list->ListCount(), 0);
 }
 
 }  // namespace
