@@ -30,7 +30,9 @@ class CKeyedCollectionCom
   RINGBOOK_COM_GET(Count, LONG)
   HRESULT STDMETHODCALLTYPE FillList(VARIANT control, LONG filter, VARIANT form) override {
     return Call([&] {
-      std::shared_ptr<IListControl> list = ListControlArgument(control).As<IListControl>();
+      const Variant argument = ListControlArgument(control);
+      std::shared_ptr<IListControl> list =
+          argument.IsEmpty() ? nullptr : argument.As<IListControl>();
       std::shared_ptr<Object> owner = IsMissing(form) ? nullptr : FromVariant(form).ToObject();
       native().FillList(list, filter, owner);
     });

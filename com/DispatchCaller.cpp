@@ -79,14 +79,18 @@ bool DispatchCaller::Has(const std::wstring& name) {
 }
 
 Variant DispatchCaller::Invoke(const std::wstring& name, WORD flags, const Variant* args,
-                               std::size_t count, const Variant* value) {
+                               std::size_t count, const Variant* value, std::size_t omitted) {
   const DISPID id = Id(name);
   // DISPPARAMS hold the arguments last to first; a property's new value
   // comes first, as the named argument DISPID_PROPERTYPUT.
-  const std::size_t total = count + (value ? 1 : 0);
+  const std::size_t total = count + omitted + (value ? 1 : 0);
   VariantArray argv(total);
   std::size_t slot = 0;
   if (value) ToVariant(*value, &argv[slot++]);
+  for (std::size_t i = 0; i < omitted; ++i, ++slot) {
+    V_VT(&argv[slot]) = VT_ERROR;
+    V_ERROR(&argv[slot]) = DISP_E_PARAMNOTFOUND;
+  }
   for (std::size_t i = count; i-- > 0;) ToVariant(args[i], &argv[slot++]);
   DISPID put_id = DISPID_PROPERTYPUT;
   DISPPARAMS params{};
@@ -126,8 +130,10 @@ Variant DispatchCaller::Invoke(const std::wstring& name, WORD flags, const Varia
   return out;
 }
 
-Variant DispatchCaller::Call(const std::wstring& name, std::initializer_list<Variant> args) {
-  return Invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, args.begin(), args.size(), nullptr);
+Variant DispatchCaller::Call(const std::wstring& name, std::initializer_list<Variant> args,
+                             std::size_t omitted) {
+  return Invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, args.begin(), args.size(), nullptr,
+                omitted);
 }
 
 Variant DispatchCaller::Get(const std::wstring& name, std::initializer_list<Variant> args) {

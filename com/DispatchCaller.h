@@ -34,7 +34,11 @@ class DispatchCaller {
 
   /// Calls a method (or reads a property: the flags allow both) with the
   /// arguments in their written order; returns its result (Empty for none).
-  Variant Call(const std::wstring& name, std::initializer_list<Variant> args = {});
+  /// `omitted` optional arguments follow them, passed as Automation's
+  /// "missing" value, so that an object whose member has no optional
+  /// arguments (a script's) still gets every parameter.
+  Variant Call(const std::wstring& name, std::initializer_list<Variant> args = {},
+               std::size_t omitted = 0);
   /// Reads a property, indexed when arguments are given.
   Variant Get(const std::wstring& name, std::initializer_list<Variant> args = {});
   /// Sets a property: `args` are the indexes, `value` the new value. An
@@ -50,7 +54,7 @@ class DispatchCaller {
   DISPID Id(const std::wstring& name);
   bool Lookup(const std::wstring& name, DISPID& id);
   Variant Invoke(const std::wstring& name, WORD flags, const Variant* args, std::size_t count,
-                 const Variant* value);
+                 const Variant* value, std::size_t omitted = 0);
 
   IDispatch* object_;
   std::map<std::wstring, DISPID> ids_;

@@ -19,7 +19,8 @@ void DispatchListControl::Clear() {
 
 void DispatchListControl::AddItem(const std::string& text, int32_t index) {
   if (index == -1) {
-    caller_.Call(L"AddItem", {Variant(text)});
+    // The index is left out as an omitted optional argument, not dropped.
+    caller_.Call(L"AddItem", {Variant(text)}, 1);
   } else {
     caller_.Call(L"AddItem", {Variant(text), Variant(index)});
   }
