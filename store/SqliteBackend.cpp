@@ -19,6 +19,9 @@ namespace {
 // rather than keep growing its log.
 constexpr std::size_t kMaxLoggedChanges = 4096;
 
+// Rows read in one statement while a recordset is walked in order.
+constexpr std::size_t kWalkBatch = 100;
+
 std::string Lower(std::string s) {
   for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return s;
@@ -546,6 +549,10 @@ std::shared_ptr<Database> OpenDatabase(const std::string& path) {
     if (mode && Lower(mode) == "wal") Exec(db, "PRAGMA synchronous = NORMAL");
   }
   sqlite3_finalize(jm);
+  // Rows are read by key in the order of each query, which jumps about the
+  // file: reading it through a memory map keeps that cheap for any size of
+  // table, and every connection shares the system's cache of its pages.
+  Exec(db, "PRAGMA mmap_size = 1073741824");
   return std::make_shared<SqliteDatabase>(std::move(connection));
 }
 
@@ -607,6 +614,13 @@ SqliteRecordset::SqliteRecordset(std::shared_ptr<Connection> connection, QueryDe
                                 " = ?" + std::to_string(parameters_.size() + 1));
   pre_image_stmt_ = Statement(
       db, "SELECT * FROM " + Quote(base_->Name) + " WHERE " + Quote(query_.KeyColumn) + " = ?1");
+  std::string batch_keys;
+  for (std::size_t i = 0; i < kWalkBatch; ++i) {
+    if (i) batch_keys += ", ";
+    batch_keys += "?" + std::to_string(parameters_.size() + 1 + i);
+  }
+  batch_stmt_ = Statement(db, "SELECT * FROM (" + query_.SQL + ") WHERE " +
+                                  Quote(query_.KeyColumn) + " IN (" + batch_keys + ")");
   if (ChangeLog* log = ChangeLog::Current()) log->Add(this);
 }
 
@@ -625,6 +639,8 @@ void SqliteRecordset::Close() {
   keyset_stmt_ = Statement();
   row_stmt_ = Statement();
   pre_image_stmt_ = Statement();
+  batch_stmt_ = Statement();
+  batch_.clear();
   write_stmts_.clear();
   keys_.clear();
   index_.clear();
@@ -768,6 +784,29 @@ bool SqliteRecordset::HasKeyNow(int64_t key) {
   return found;
 }
 
+void SqliteRecordset::FetchBatch(std::size_t from) {
+  batch_.clear();
+  BindParameters(batch_stmt_);
+  int slot = static_cast<int>(parameters_.size()) + 1;
+  for (std::size_t i = from, n = 0; i < keys_.size() && n < kWalkBatch; ++i) {
+    if (deleted_.count(keys_[i])) continue;
+    sqlite3_bind_int64(batch_stmt_.get(), slot++, keys_[i]);
+    ++n;
+  }
+  // Unbound placeholders are NULL and match nothing.
+  sqlite3_stmt* s = batch_stmt_.get();
+  while (batch_stmt_.Step("Reading rows of", query_.Name)) {
+    if (sqlite3_column_type(s, result_key_) == SQLITE_NULL) continue;
+    std::vector<Variant> row;
+    row.reserve(result_kinds_.size());
+    for (std::size_t i = 0; i < result_kinds_.size(); ++i) {
+      row.push_back(ReadColumn(s, static_cast<int>(i), result_kinds_[i]));
+    }
+    batch_.emplace(sqlite3_column_int64(s, result_key_), std::move(row));
+  }
+  batch_stmt_.Reset();
+}
+
 bool SqliteRecordset::IsMember(int64_t key) {
   if (fresh_) return index_.count(key) && !deleted_.count(key);
   if (deleted_.count(key)) return false;
@@ -826,6 +865,20 @@ const std::vector<Variant>& SqliteRecordset::CurrentRow() {
   const int64_t key = CurrentKey();
   if (type_ == RecordsetType::Snapshot) return snapshot_rows_[pos_];
   if (row_valid_ && row_key_ == key) return row_;
+  if (walking_ && fresh_) {
+    auto it = batch_.find(key);
+    if (it == batch_.end()) {
+      FetchBatch(pos_);
+      it = batch_.find(key);
+    }
+    if (it != batch_.end()) {
+      row_ = std::move(it->second);
+      batch_.erase(it);
+      row_valid_ = true;
+      row_key_ = key;
+      return row_;
+    }
+  }
   if (!HasKeyNow(key)) {
     Raise(dberr::kRecordDeleted,
           "The row " + std::to_string(key) + " of '" + query_.Name + "' has been deleted.");
@@ -855,6 +908,8 @@ void SqliteRecordset::MoveFirst() {
   CheckOpen();
   DropEdit();
   InvalidateRow();
+  batch_.clear();
+  walking_ = true;
   Materialize();
   pos_ = FirstLiveFrom(0);
   if (pos_ >= keys_.size()) {
@@ -866,6 +921,7 @@ void SqliteRecordset::MoveNext() {
   CheckOpen();
   DropEdit();
   InvalidateRow();
+  walking_ = true;
   Materialize();
   if (pos_ >= keys_.size()) {
     Raise(dberr::kNoCurrentRecord, "There is no row after the last one in '" + query_.Name + "'.");
@@ -892,6 +948,7 @@ void SqliteRecordset::FindFirst(const std::string& criterion) {
   InvalidateRow();
   if (IsMember(key)) {
     no_match_ = false;
+    walking_ = false;
     PositionOn(key);
   } else {
     no_match_ = true;
@@ -1037,6 +1094,9 @@ void SqliteRecordset::Requery() {
   CheckOpen();
   DropEdit();
   InvalidateRow();
+  // Back on the first row: a walk from there reads ahead.
+  walking_ = true;
+  batch_.clear();
   fresh_ = false;
   due_key_.reset();
   deleted_.clear();
@@ -1063,6 +1123,7 @@ void SqliteRecordset::SetBookmark(int64_t bookmark) {
     Raise(dberr::kInvalidBookmark,
           "The row " + std::to_string(bookmark) + " is not in '" + query_.Name + "'.");
   }
+  walking_ = false;
   PositionOn(bookmark);
 }
 
@@ -1100,6 +1161,7 @@ std::vector<std::string> SqliteRecordset::FieldNames() {
 
 void SqliteRecordset::BeforeRowChange(int64_t key) {
   if (row_valid_ && row_key_ == key) InvalidateRow();
+  batch_.erase(key);
   if (fresh_ || undo_.count(key)) return;
   sqlite3_bind_int64(pre_image_stmt_.get(), 1, key);
   if (pre_image_stmt_.Step("Logging a change of", base_->Name)) {

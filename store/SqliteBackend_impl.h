@@ -185,6 +185,8 @@ class SqliteRecordset final : public Recordset {
   std::vector<int64_t> ReadKeys(std::vector<std::vector<Variant>>* rows);
   void ApplyUndo(int64_t key, const Undo& undo);
   bool HasKeyNow(int64_t key);
+  /// Reads the rows of the keys from position `from` on into `batch_`.
+  void FetchBatch(std::size_t from);
   bool IsMember(int64_t key);
   void PositionOn(int64_t key);
   std::size_t FirstLiveFrom(std::size_t index) const;
@@ -233,6 +235,13 @@ class SqliteRecordset final : public Recordset {
   bool row_valid_ = false;
   int64_t row_key_ = 0;
   std::vector<Variant> row_;
+
+  // While the rows are walked in order (MoveFirst, MoveNext), the rows ahead
+  // are read a batch at a time, in one statement; a change made through the
+  // thread's recordsets drops the changed row from the batch.
+  bool walking_ = true;
+  Statement batch_stmt_;
+  std::unordered_map<int64_t, std::vector<Variant>> batch_;
 
   // The row buffer of a pending add or edit, by base-table column index.
   EditMode mode_ = EditMode::None;
