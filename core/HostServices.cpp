@@ -1,6 +1,7 @@
 #include "core/HostServices.h"
 
 #include "core/DefaultDisplayText.h"
+#include "core/DefaultLookup.h"
 #include "core/DefaultSettings.h"
 #include "core/DefaultUtility.h"
 #include "core/SeededDice.h"
@@ -29,6 +30,7 @@ using DiceSlot = ThreadSlot<IDice, SeededDice>;
 using UtilitySlot = ThreadSlot<IUtility, DefaultUtility>;
 using SinkSlot = ThreadSlot<IMessageSink, StderrMessageSink>;
 using DisplayTextSlot = ThreadSlot<IDisplayText, DefaultDisplayText>;
+using LookupSlot = ThreadSlot<ILookup, DefaultLookup>;
 
 }  // namespace
 
@@ -47,6 +49,9 @@ IMessageSink& MessageSink() {
 IDisplayText& DisplayText() {
   return DisplayTextSlot::Current();
 }
+ILookup& Lookup() {
+  return LookupSlot::Current();
+}
 
 void SetSettings(std::shared_ptr<ISettings> settings) {
   SettingsSlot::Get() = std::move(settings);
@@ -63,6 +68,9 @@ void SetMessageSink(std::shared_ptr<IMessageSink> sink) {
 
 void SetDisplayText(std::shared_ptr<IDisplayText> display_text) {
   DisplayTextSlot::Get() = std::move(display_text);
+}
+void SetLookup(std::shared_ptr<ILookup> lookup) {
+  LookupSlot::Get() = std::move(lookup);
 }
 
 void ShowMessage(const std::string& text) {

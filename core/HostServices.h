@@ -70,6 +70,29 @@ class IDisplayText {
   virtual std::string EraText(int16_t era) = 0;
 };
 
+/// The proficiency band that a fighter list shows: fighters whose
+/// `Proficiency` lies from `Low` to `High`, both included.
+struct ProficiencyBounds {
+  int16_t Low = 0;
+  int16_t High = 0;
+};
+
+/// Proficiency bands and coded texts of the fighter lists and rankings.
+class ILookup {
+ public:
+  /// The text categories of `Text`.
+  static constexpr int32_t kActiveRetired = 1;
+  static constexpr int32_t kFightingStyle = 4;
+
+  virtual ~ILookup() = default;
+  /// The bounds of proficiency filter value `filter` (0 is the filter a
+  /// fighter list starts with).
+  virtual ProficiencyBounds Proficiency(int16_t filter) = 0;
+  /// The display text of `code` in `category` (`kFightingStyle` for a
+  /// fighter's "Style", `kActiveRetired` for his "ActiveRetired").
+  virtual std::string Text(int32_t category, int32_t code) = 0;
+};
+
 /// Where message boxes go: the CLI prints them on standard error, the COM
 /// server shows them (or logs them), tests record them.
 class IMessageSink {
@@ -85,12 +108,14 @@ RINGBOOK_EXPORT IDice& Dice();
 RINGBOOK_EXPORT IUtility& Utility();
 RINGBOOK_EXPORT IMessageSink& MessageSink();
 RINGBOOK_EXPORT IDisplayText& DisplayText();
+RINGBOOK_EXPORT ILookup& Lookup();
 
 RINGBOOK_EXPORT void SetSettings(std::shared_ptr<ISettings> settings);
 RINGBOOK_EXPORT void SetDice(std::shared_ptr<IDice> dice);
 RINGBOOK_EXPORT void SetUtility(std::shared_ptr<IUtility> utility);
 RINGBOOK_EXPORT void SetMessageSink(std::shared_ptr<IMessageSink> sink);
 RINGBOOK_EXPORT void SetDisplayText(std::shared_ptr<IDisplayText> display_text);
+RINGBOOK_EXPORT void SetLookup(std::shared_ptr<ILookup> lookup);
 
 /// Shows a message through the thread's message sink.
 RINGBOOK_EXPORT void ShowMessage(const std::string& text);

@@ -7,6 +7,7 @@
 #include "core/CStream.h"
 #include "core/DateTime.h"
 #include "core/DefaultDisplayText.h"
+#include "core/DefaultLookup.h"
 #include "core/DefaultSettings.h"
 #include "core/DefaultUtility.h"
 #include "core/Enums.h"

@@ -1,0 +1,64 @@
+#include "core/DefaultLookup.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace ringbook {
+namespace {
+
+TEST(DefaultLookupTest, BandsCoverTheScaleWithoutGapsOrOverlaps) {
+  DefaultLookup lookup;
+  const ProficiencyBounds all = lookup.Proficiency(0);
+  EXPECT_EQ(all.Low, -32768);
+  EXPECT_EQ(all.High, 32767);
+  // Each band starts one above the end of the one before, from 0 upwards,
+  // and the last is open to the top.
+  int expected_low = 0;
+  for (int16_t filter = 1; filter <= 4; ++filter) {
+    const ProficiencyBounds band = lookup.Proficiency(filter);
+    EXPECT_EQ(band.Low, expected_low) << filter;
+    EXPECT_LE(band.Low, band.High) << filter;
+    expected_low = band.High + 1;
+  }
+  EXPECT_EQ(lookup.Proficiency(4).High, 32767);
+  EXPECT_EQ(lookup.Proficiency(2).Low, 25);
+  EXPECT_EQ(lookup.Proficiency(2).High, 49);
+  // A filter without a band of its own lists every fighter.
+  for (int16_t filter : {-1, 5, 32767}) {
+    EXPECT_EQ(lookup.Proficiency(filter).Low, -32768) << filter;
+    EXPECT_EQ(lookup.Proficiency(filter).High, 32767) << filter;
+  }
+}
+
+TEST(DefaultLookupTest, TextsByCategoryAndCode) {
+  DefaultLookup lookup;
+  EXPECT_EQ(lookup.Text(ILookup::kFightingStyle, 0), "Boxer");
+  EXPECT_EQ(lookup.Text(ILookup::kFightingStyle, 2), "Boxer-puncher");
+  EXPECT_EQ(lookup.Text(ILookup::kFightingStyle, 4), "Counter-puncher");
+  EXPECT_EQ(lookup.Text(ILookup::kActiveRetired, 0), "Active");
+  EXPECT_EQ(lookup.Text(ILookup::kActiveRetired, 1), "Retired");
+  // Codes without a text, and unknown categories, show the number.
+  EXPECT_EQ(lookup.Text(ILookup::kFightingStyle, 5), "5");
+  EXPECT_EQ(lookup.Text(ILookup::kActiveRetired, -1), "-1");
+  EXPECT_EQ(lookup.Text(2, 0), "0");
+}
+
+class HalfBand : public ILookup {
+ public:
+  ProficiencyBounds Proficiency(int16_t) override { return {10, 20}; }
+  std::string Text(int32_t, int32_t) override { return "x"; }
+};
+
+TEST(DefaultLookupTest, ThreadSlotKeepsAReplacementUntilReset) {
+  EXPECT_NE(dynamic_cast<DefaultLookup*>(&Lookup()), nullptr);
+  auto replacement = std::make_shared<HalfBand>();
+  SetLookup(replacement);
+  EXPECT_EQ(&Lookup(), replacement.get());
+  EXPECT_EQ(Lookup().Proficiency(0).Low, 10);
+  SetLookup(nullptr);
+  EXPECT_NE(dynamic_cast<DefaultLookup*>(&Lookup()), nullptr);
+}
+
+}  // namespace
+}  // namespace ringbook
