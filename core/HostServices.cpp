@@ -53,6 +53,10 @@ ILookup& Lookup() {
   return LookupSlot::Current();
 }
 
+std::shared_ptr<ISettings> CurrentSettings() {
+  return SettingsSlot::Get();
+}
+
 void SetSettings(std::shared_ptr<ISettings> settings) {
   SettingsSlot::Get() = std::move(settings);
 }

@@ -117,6 +117,12 @@ RINGBOOK_EXPORT void SetMessageSink(std::shared_ptr<IMessageSink> sink);
 RINGBOOK_EXPORT void SetDisplayText(std::shared_ptr<IDisplayText> display_text);
 RINGBOOK_EXPORT void SetLookup(std::shared_ptr<ILookup> lookup);
 
+/// The settings object the calling thread holds now, without making one:
+/// nullptr while the thread has neither set one nor used the default. Code
+/// that points the settings elsewhere for a while keeps this and hands it
+/// back to `SetSettings` afterwards.
+RINGBOOK_EXPORT std::shared_ptr<ISettings> CurrentSettings();
+
 /// Shows a message through the thread's message sink.
 RINGBOOK_EXPORT void ShowMessage(const std::string& text);
 

@@ -174,8 +174,8 @@ ChangeLog* ChangeLog::Current() {
 
 class SqliteDatabase final : public Database {
  public:
-  explicit SqliteDatabase(std::shared_ptr<Connection> connection)
-      : connection_(std::move(connection)), path_(connection_->Path()) {}
+  SqliteDatabase(std::shared_ptr<Connection> connection, std::string path)
+      : connection_(std::move(connection)), path_(std::move(path)) {}
 
   const std::string& Name() const override { return path_; }
   void Close() override {
@@ -494,6 +494,16 @@ const TableInfo* Connection::Table(const std::string& name) {
 // Opening
 
 std::shared_ptr<Database> OpenDatabase(const std::string& path) {
+  std::shared_ptr<Connection> connection = OpenConnection(path);
+  // Inside a transaction every open of its file joins it: the work of each
+  // collection then commits or rolls back with the rest.
+  if (std::shared_ptr<Connection> shared = TransactionConnection(connection->FileKey())) {
+    connection = std::move(shared);
+  }
+  return std::make_shared<SqliteDatabase>(std::move(connection), path);
+}
+
+std::shared_ptr<Connection> OpenConnection(const std::string& path) {
   std::error_code ec;
   const auto status = std::filesystem::status(PathFromUtf8(path), ec);
   if (!std::filesystem::exists(status)) {
@@ -553,7 +563,7 @@ std::shared_ptr<Database> OpenDatabase(const std::string& path) {
   // file: reading it through a memory map keeps that cheap for any size of
   // table, and every connection shares the system's cache of its pages.
   Exec(db, "PRAGMA mmap_size = 1073741824");
-  return std::make_shared<SqliteDatabase>(std::move(connection));
+  return connection;
 }
 
 // ---------------------------------------------------------------------------

@@ -32,8 +32,20 @@ inline constexpr const char* kSchemaVersionName = "SchemaVersion";
 /// How long a statement waits for a lock held by another program.
 inline constexpr int kBusyTimeoutMs = 500;
 
-/// Opens a game database (see `Database::Open`).
+/// Opens a game database (see `Database::Open`). While a `Transaction` is
+/// open on the same file on this thread, the database shares its connection.
 std::shared_ptr<Database> OpenDatabase(const std::string& path);
+
+class Connection;
+
+/// Opens a connection of its own to the game database at `path` and checks
+/// the file as `Database::Open` describes, with the same errors.
+std::shared_ptr<Connection> OpenConnection(const std::string& path);
+
+/// The connection of the transaction open on this thread over the file
+/// whose resolved name is `file_key` (`Connection::FileKey`); nullptr when
+/// there is none. Defined beside `Transaction`.
+std::shared_ptr<Connection> TransactionConnection(const std::string& file_key);
 
 /// Raises the `Error` for a failed engine call: the engine's result code
 /// mapped to a `dberr` number, `context` followed by the engine's message.

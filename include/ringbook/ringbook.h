@@ -58,4 +58,6 @@
 #include "store/QueryDef.h"
 #include "store/RecordCollection.h"
 #include "store/Recordset.h"
+#include "store/SeedWorld.h"
+#include "store/Transaction.h"
 #include "store/VariantArray2D.h"
