@@ -157,21 +157,6 @@ TEST_F(SeedWorldTest, LocationsCarryTheirEraSiteRatingAndPriceIndex) {
             "0");
 }
 
-TEST_F(SeedWorldTest, TheEdgesOfThePriceIndexRule) {
-  SeedGameWorld(path_);
-  // Every rating the data holds falls in the band its price index names.
-  EXPECT_EQ(QuerySql(path_,
-                     "SELECT count(*) FROM Locations WHERE SiteRating < PriceIndex * 10 - 5 "
-                     "OR SiteRating > PriceIndex * 10 + 4"),
-            "0");
-  // A rating ending in 5 rounds up, one ending in 4 down, where the data has
-  // them.
-  EXPECT_EQ(QuerySql(path_,
-                     "SELECT count(*) FROM Locations WHERE SiteRating % 10 = 5 AND "
-                     "PriceIndex <> (SiteRating + 5) / 10"),
-            "0");
-}
-
 TEST_F(SeedWorldTest, PeopleCarryTheirDocumentedColumns) {
   SeedGameWorld(path_);
   Open();
