@@ -1,6 +1,7 @@
 #include "cards/CBout.h"
 
 #include <cassert>
+#include <utility>
 
 #include "core/Error.h"
 #include "core/HostServices.h"
