@@ -398,6 +398,33 @@ TEST_F(DatabaseTest, LateKeysetIsTheOneOfTheRequery) {
   EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{foreign, d, b, own}));
 }
 
+TEST_F(DatabaseTest, AWalkReadsCurrentValuesOfRowsChangedMeanwhile) {
+  std::vector<int64_t> keys;
+  for (const char* name : {"A", "B", "C", "D"}) keys.push_back(AddJudge(name, name));
+  auto db = Database::Open(path_);
+  auto rs = db->OpenRecordset("qryJudges");
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Field("LastName"), Variant("A"));
+
+  // Through another connection, while the walk has read ahead: B changes
+  // and C goes.
+  auto other_db = Database::Open(path_);
+  auto other = other_db->OpenRecordset("qryJudges");
+  other->FindFirst("JudgeID = " + std::to_string(keys[1]));
+  other->Edit();
+  other->SetField("FirstName", "Changed");
+  other->Update();
+  other->FindFirst("JudgeID = " + std::to_string(keys[2]));
+  other->Delete();
+
+  rs->MoveNext();
+  EXPECT_EQ(rs->Field("FirstName"), Variant("Changed"));
+  rs->MoveNext();  // C keeps its place but can no longer be read
+  EXPECT_EQ(Raised([&] { rs->Field("LastName"); }).Number(), dberr::kRecordDeleted);
+  rs->MoveNext();
+  EXPECT_EQ(rs->Field("LastName"), Variant("D"));
+}
+
 TEST_F(DatabaseTest, SnapshotHoldsTheRowsOfItsOpening) {
   const int64_t ann = AddJudge("Ann", "Able");
   auto db = Database::Open(path_);
