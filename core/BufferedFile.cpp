@@ -74,6 +74,7 @@ bool BufferedFile::Close() {
   const bool closed = std::fclose(file_) == 0;
   file_ = nullptr;
   writable_ = false;
+  size_ = Size();
   window_len_ = 0;
   return flushed && closed;
 }
@@ -93,6 +94,7 @@ bool BufferedFile::Flush() {
 
 bool BufferedFile::LoadWindow(uint64_t start) {
   if (!Flush()) return false;
+  size_ = Size();
   window_start_ = start;
   window_len_ = 0;
   if (start >= size_) return true;
@@ -104,10 +106,10 @@ bool BufferedFile::LoadWindow(uint64_t start) {
 }
 
 std::size_t BufferedFile::ReadSlow(void* out, std::size_t n) {
-  if (file_ == nullptr || pos_ >= size_) return 0;
+  if (file_ == nullptr || pos_ >= Size()) return 0;
   auto* dst = static_cast<unsigned char*>(out);
   std::size_t done = 0;
-  while (done < n && pos_ < size_) {
+  while (done < n && pos_ < Size()) {
     if (!(pos_ >= window_start_ && pos_ < window_start_ + window_len_)) {
       if (!LoadWindow(pos_) || window_len_ == 0) break;
     }
@@ -130,8 +132,8 @@ bool BufferedFile::WriteSlow(const void* in, std::size_t n) {
     if (!in_window) {
       // A position past the end of the file: the gap reads as zeros, as it
       // does when the runtime extends a file.
-      if (pos_ > size_) {
-        const uint64_t gap_at = size_;
+      if (pos_ > Size()) {
+        const uint64_t gap_at = Size();
         const uint64_t resume = pos_;
         static const unsigned char kZeros[4096] = {};
         pos_ = gap_at;
@@ -148,7 +150,9 @@ bool BufferedFile::WriteSlow(const void* in, std::size_t n) {
     const std::size_t off = static_cast<std::size_t>(pos_ - window_start_);
     std::size_t take = kWindow - off;
     if (take > n) take = n;
-    std::memcpy(Reserve(take), src, take);
+    unsigned char* p = nullptr;
+    Reserve(take, p);  // room is certain here
+    std::memcpy(p, src, take);
     src += take;
     n -= take;
   }

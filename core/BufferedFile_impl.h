@@ -29,53 +29,62 @@ class BufferedFile {
   bool Close();
   bool IsOpen() const { return file_ != nullptr; }
 
-  uint64_t Size() const { return size_; }
+  /// The file's length, including bytes written into the window but not yet
+  /// to the file.
+  uint64_t Size() const {
+    const uint64_t window_end = window_start_ + window_len_;
+    return size_ > window_end ? size_ : window_end;
+  }
   uint64_t Position() const { return pos_; }
   void Seek(uint64_t pos) { pos_ = pos; }
 
   /// Reads up to `n` bytes at the position and advances past them. Returns
   /// how many were read; fewer than `n` means the end of the file.
   std::size_t Read(void* out, std::size_t n) {
-    if (const unsigned char* p = Take(n)) {
+    const unsigned char* p;
+    if (Take(n, p)) {
       std::memcpy(out, p, n);
       return n;
     }
     return ReadSlow(out, n);
   }
 
-  /// The next `n` bytes when the window already holds all of them, advancing
-  /// past them; nullptr (and no move) otherwise. The bytes stay valid until
-  /// the next call that reads, writes or seeks.
-  const unsigned char* Take(std::size_t n) {
+  /// When the window already holds the next `n` bytes: points `p` at them,
+  /// advances past them and returns true. The bytes stay valid until the next
+  /// call that reads, writes or seeks. Otherwise returns false and does not
+  /// move.
+  bool Take(std::size_t n, const unsigned char*& p) {
     // `off` wraps to a huge value when the position is before the window.
     const uint64_t off = pos_ - window_start_;
     if (off <= window_len_ && n <= window_len_ - off) {
+      p = window_.data() + off;
       pos_ += n;
-      return window_.data() + off;
+      return true;
     }
-    return nullptr;
+    return false;
   }
 
-  /// Room for the next `n` bytes when they fit in the window without leaving
-  /// a gap, advancing past them; the caller fills them in before the next
-  /// call. nullptr (and no move) when the slow path must be taken.
-  unsigned char* Reserve(std::size_t n) {
+  /// When the next `n` bytes fit in the window without leaving a gap: points
+  /// `p` at them, advances past them and returns true; the caller fills them
+  /// in before the next call. Otherwise returns false and does not move.
+  bool Reserve(std::size_t n, unsigned char*& p) {
     const uint64_t off = pos_ - window_start_;
     if (writable_ && off <= window_len_ && n <= kWindow - off) {
       const auto o = static_cast<std::size_t>(off);
       if (o < dirty_lo_) dirty_lo_ = o;
       if (o + n > window_len_) window_len_ = o + n;
+      p = window_.data() + o;
       pos_ += n;
-      if (pos_ > size_) size_ = pos_;
-      return window_.data() + o;
+      return true;
     }
-    return nullptr;
+    return false;
   }
 
   /// Writes `n` bytes at the position and advances. False when the file is
   /// read-only or a write-back failed.
   bool Write(const void* in, std::size_t n) {
-    if (unsigned char* p = Reserve(n)) {
+    unsigned char* p;
+    if (Reserve(n, p)) {
       if (n != 0) std::memcpy(p, in, n);
       return true;
     }
@@ -103,7 +112,7 @@ class BufferedFile {
   // whole range back is harmless.
   std::size_t dirty_lo_ = SIZE_MAX;
   uint64_t pos_ = 0;
-  uint64_t size_ = 0;
+  uint64_t size_ = 0;  // the length before the window's bytes are counted in
 };
 
 }  // namespace ringbook

@@ -60,7 +60,8 @@ bool IsAscii(const unsigned char* p, std::size_t n) {
 template <std::size_t N>
 inline const unsigned char* Fetch(BufferedFile& file, unsigned char (&scratch)[N],
                                   const char* source) {
-  if (const unsigned char* p = file.Take(N)) [[likely]]
+  const unsigned char* p;
+  if (file.Take(N, p)) [[likely]]
     return p;
   const std::size_t got = file.Read(scratch, N);
   if (got != N) ShortRead(scratch, got, N, source);
@@ -71,7 +72,8 @@ inline const unsigned char* Fetch(BufferedFile& file, unsigned char (&scratch)[N
 // else through the slow path.
 template <std::size_t N, class Encode>
 inline void Store(BufferedFile& file, const char* source, Encode encode) {
-  if (unsigned char* p = file.Reserve(N)) [[likely]] {
+  unsigned char* p;
+  if (file.Reserve(N, p)) [[likely]] {
     encode(p);
     return;
   }
@@ -200,7 +202,8 @@ std::string CStream::ReadChars(uint64_t count, const char* source) {
   // Usually the whole text is in the buffer window already, and most texts
   // are plain ASCII: then it is copied once, straight into the result.
   if (count <= SIZE_MAX) {
-    if (const unsigned char* p = file_->Take(static_cast<std::size_t>(count))) {
+    const unsigned char* p;
+    if (file_->Take(static_cast<std::size_t>(count), p)) {
       const std::string_view bytes(reinterpret_cast<const char*>(p),
                                    static_cast<std::size_t>(count));
       return IsAscii(p, bytes.size()) ? std::string(bytes) : text::FromAnsi(bytes);
@@ -321,8 +324,9 @@ void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
   // Plain ASCII is already its own Windows-1252 form: write it as it is,
   // count and characters in one go when the window has room.
   const bool ascii = IsAscii(reinterpret_cast<const unsigned char*>(sStr.data()), sStr.size());
+  unsigned char* p;
   if (ascii && sStr.size() <= INT32_MAX) {
-    if (unsigned char* p = file_->Reserve(4 + sStr.size())) [[likely]] {
+    if (file_->Reserve(4 + sStr.size(), p)) [[likely]] {
       coding::EncodeFixed32(p, static_cast<uint32_t>(sStr.size()));
       std::memcpy(p + 4, sStr.data(), sStr.size());
       return;
@@ -331,7 +335,7 @@ void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
   const std::string converted = ascii ? std::string() : text::ToAnsi(sStr);
   const std::string& bytes = ascii ? sStr : converted;
   if (!ascii && bytes.size() <= INT32_MAX) {
-    if (unsigned char* p = file_->Reserve(4 + bytes.size())) {
+    if (file_->Reserve(4 + bytes.size(), p)) {
       coding::EncodeFixed32(p, static_cast<uint32_t>(bytes.size()));
       std::memcpy(p + 4, bytes.data(), bytes.size());
       return;

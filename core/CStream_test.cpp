@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdint>
 #include <cstdlib>
@@ -18,6 +19,7 @@
 #include "core/Error.h"
 #include "core/HostServices.h"
 #include "core/StreamRecord.h"
+#include "core/Text.h"
 #include "support/TempDir.h"
 
 // The largest single request made through operator new in this test program,
@@ -340,7 +342,7 @@ TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
   };
   constexpr int kMaxPos = 300000;
   for (int step = 0; step < 20000; ++step) {
-    const int op = static_cast<int>(rng() % 6);
+    const int op = static_cast<int>(rng() % 7);
     if (op == 0) {
       s->SetSeekTo(1 + static_cast<int32_t>(rng() % kMaxPos));
       continue;
@@ -362,6 +364,19 @@ TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
       const uint8_t b = static_cast<uint8_t>(rng());
       s->WriteByte(b);
       put(pos, &b, 1);
+    } else if (op == 4) {
+      // A read of any length, possibly across windows or past the end.
+      const auto len = static_cast<int32_t>(1 + (rng() % 32 == 0 ? rng() % 70000 : rng() % 12));
+      ClearLastError();
+      const std::string got = s->ReadStr(len);
+      const uint64_t have = pos < model.size() ? std::min<uint64_t>(len, model.size() - pos) : 0;
+      EXPECT_EQ(LastError().Number, have == static_cast<uint64_t>(len) ? 0 : kEofError);
+      const std::string want(
+          model.begin() + static_cast<std::ptrdiff_t>(std::min<uint64_t>(pos, model.size())),
+          model.begin() +
+              static_cast<std::ptrdiff_t>(std::min<uint64_t>(pos, model.size()) + have));
+      ASSERT_EQ(got, text::FromAnsi(want)) << "at " << pos << " step " << step;
+      if (have < static_cast<uint64_t>(len)) s->SetSeekTo(static_cast<int32_t>(pos + 1));
     } else {
       ClearLastError();
       const int32_t got = s->ReadLng();

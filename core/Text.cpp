@@ -148,19 +148,16 @@ std::string ToAnsi(std::string_view utf8) {
 
 std::string FromAnsi(std::string_view ansi) {
   if (IsAscii(ansi)) return std::string(ansi);
-  // Exact size first: a short name then stays in the string's own storage.
-  auto code_point = [](unsigned char b) -> char32_t {
-    return b >= 0x80 && b < 0xA0 ? kHighTable[b - 0x80] : b;
-  };
-  std::size_t size = 0;
+  // At most three UTF-8 bytes per character: short texts are converted on
+  // the stack in one pass and copied out once.
+  constexpr std::size_t kShort = 64;
+  char stack[3 * kShort];
+  std::string heap;
+  char* const start = ansi.size() <= kShort ? stack : (heap.resize(3 * ansi.size()), heap.data());
+  char* o = start;
   for (const char c : ansi) {
-    const char32_t cp = code_point(static_cast<unsigned char>(c));
-    size += cp < 0x80 ? 1 : cp < 0x800 ? 2 : 3;
-  }
-  std::string out(size, '\0');
-  char* o = out.data();
-  for (const char c : ansi) {
-    const char32_t cp = code_point(static_cast<unsigned char>(c));
+    const auto b = static_cast<unsigned char>(c);
+    const char32_t cp = b >= 0x80 && b < 0xA0 ? kHighTable[b - 0x80] : b;
     if (cp < 0x80) {
       *o++ = c;
     } else if (cp < 0x800) {
@@ -172,7 +169,11 @@ std::string FromAnsi(std::string_view ansi) {
       *o++ = static_cast<char>(0x80 | (cp & 0x3F));
     }
   }
-  return out;
+  if (start != stack) {
+    heap.resize(static_cast<std::size_t>(o - start));
+    return heap;
+  }
+  return std::string(stack, static_cast<std::size_t>(o - stack));
 }
 
 int CompareNoCase(std::string_view a, std::string_view b) {
