@@ -184,6 +184,19 @@ CREATE INDEX FightHistoriesByFighter ON FightHistories (FighterID);
 // name, one blank, the trimmed last name.
 #define RB_PERSON_NAME "trim(ifnull(FirstName, '')) || ' ' || trim(ifnull(LastName, ''))"
 
+// A fighter's display name as the record composes it: first name, nickname
+// (when there is one) and last name, joined by blanks and trimmed.
+#define RB_FIGHTER_NAME                                                                      \
+  "trim(CASE WHEN ifnull(NickName, '') <> '' THEN ifnull(FirstName, '') || ' ' || NickName " \
+  "|| ' ' || ifnull(LastName, '') ELSE ifnull(FirstName, '') || ' ' || ifnull(LastName, '') END)"
+
+// The columns of a ranking: ranked fighters first, then the unranked ones,
+// which the ranking text counts as "UR" only after every ranked fighter.
+#define RB_RANKING_COLUMNS                                                                      \
+  "SELECT Performance, " RB_FIGHTER_NAME                                                        \
+  " AS Name, Rating, Style, ActiveRetired, FighterID, NumTitles, TitleIDs FROM Fighters WHERE " \
+  "GroupID = ?1 AND Division = ?2 "
+
 struct StoredQuery {
   const char* name;
   const char* sql;
@@ -221,8 +234,48 @@ constexpr StoredQuery kQueries[] = {
      "", "Cornermen", "CornermanID"},
     {"qryTitles", "SELECT TitleId, Name FROM Titles ORDER BY Name, TitleId", "", "Titles",
      "TitleId"},
+    {"qryFighters",
+     "SELECT FighterID, GroupID, FirstName, LastName, NickName, Division, Rating, Style, "
+     "ActiveRetired, Sex, SouthPaw, SkinColor, Cfb, Cfs, Hp, Kdr1, Kdr2, Kor, Agg, Ki, Tko, E10, "
+     "Defn, Cuts, Fouls, Icor, FastSlow, Fi, Fo, Cu, Ko, Pl, Cp, Pm, Cl, Rm, J3, J2, H3, H2, Cr3, "
+     "Cr2, Cb3, Cb2, U3, U2, Conditioning, Intellect, DrawPower, Proficiency, CutManID, "
+     "TrainerID, PicturePath, Rank, Won, Lost, Draw, Kos, Tkos, HasPerformance, Performance, "
+     "DisplayPerf, KdsFor, TotalPl, TotalPm, TotalCuts, TotalRounds, OpKdsFor, OpTotalPl, "
+     "OpTotalPm, OpTotalCuts, TitleIDs, NumTitles, " RB_FIGHTER_NAME
+     " AS Name FROM Fighters ORDER BY LastName, FirstName, FighterID",
+     "", "Fighters", "FighterID"},
+    // The fighters a list shows: one group and division, within a band of
+    // proficiency, by name.
+    {"qryFightersByGroupAndDivision",
+     "SELECT FighterID, " RB_FIGHTER_NAME
+     " AS Name, Rating, Proficiency FROM Fighters WHERE GroupID = ?1 AND Division = ?2 AND "
+     "Proficiency BETWEEN ?3 AND ?4 ORDER BY LastName, FirstName, FighterID",
+     "Enter GroupID;Enter Division;Enter Low Proficiency;Enter High Proficiency", "Fighters",
+     "FighterID"},
+    // By performance points, the most first; fighters without a performance
+    // are unranked.
+    {"qryRankedFighters",
+     RB_RANKING_COLUMNS
+     "ORDER BY Performance IS NULL, Performance DESC, LastName, FirstName, FighterID",
+     "Enter GroupID;Enter Division", "Fighters", "FighterID"},
+    // By the number of titles held, the most first, then by performance
+    // points; fighters with neither are unranked.
+    {"qryRankedFightersByTitles",
+     RB_RANKING_COLUMNS
+     "ORDER BY Performance IS NULL AND NOT ifnull(NumTitles, 0) > 0, "
+     "CASE WHEN NumTitles > 0 THEN NumTitles ELSE 0 END DESC, Performance IS NULL, "
+     "Performance DESC, LastName, FirstName, FighterID",
+     "Enter GroupID;Enter Division", "Fighters", "FighterID"},
+    // One fighter's fights, the latest first.
+    {"qryFighterHistories",
+     "SELECT Division, \"Date\", Opponent, WonLostDraw, Decision, LastRound, ScheduledRounds, "
+     "Notes, FighterID, HistoryID FROM FightHistories WHERE FighterID = ?1 "
+     "ORDER BY \"Date\" DESC, HistoryID DESC",
+     "Enter FighterID", "FightHistories", "HistoryID"},
 };
 
+#undef RB_RANKING_COLUMNS
+#undef RB_FIGHTER_NAME
 #undef RB_PERSON_NAME
 
 void Bind(sqlite3* db, sqlite3_stmt* stmt, int index, const char* text) {

@@ -44,6 +44,10 @@ struct RecordColumn {
   /// The property's value to write; empty for the key, which is never
   /// written.
   std::function<Variant(const Record&)> Write;
+  /// The part of the record the column belongs to, for collections that
+  /// write one part at a time (0 where records are written whole). A column
+  /// that is written but not read has an empty `Read`.
+  int32_t Section = 0;
 };
 
 template <class Record>
@@ -135,7 +139,7 @@ class RINGBOOK_EXPORT RecordCollection : public Object {
     rows.SetBookmark(rows.LastModified());
     record->SetID(rows.Field(description_.KeyColumn).ToLong());
     rows.Requery();
-    pvtUpdateList(updListAdd, *record, Selected);
+    Self().pvtUpdateList(updListAdd, *record, Selected);
     return record;
   }
 
@@ -175,7 +179,7 @@ class RINGBOOK_EXPORT RecordCollection : public Object {
     rows.FindFirst(Criterion(ID));
     std::shared_ptr<Record> record = pvtReadRecord();
     rows.Delete();
-    pvtUpdateList(updListRemove, *record, NextSelected);
+    Self().pvtUpdateList(updListRemove, *record, NextSelected);
     return false;
   }
 
@@ -194,7 +198,7 @@ class RINGBOOK_EXPORT RecordCollection : public Object {
     pvtWriteFields(record.get());
     rows.Update();
     rows.Requery();
-    pvtUpdateList(updListUpdate, *record, Selected);
+    Self().pvtUpdateList(updListUpdate, *record, Selected);
     return record;
   }
 
@@ -215,25 +219,45 @@ class RINGBOOK_EXPORT RecordCollection : public Object {
 
   Recordset& Rows() { return *recordset_; }
   const std::shared_ptr<IListControl>& BoundList() const { return list_; }
+  /// The collection's own connection, for the further queries and tables a
+  /// collection opens beside its stored query.
+  const std::shared_ptr<Database>& DatabaseConnection() const { return database_; }
+
+  /// The find criterion of the row whose key is `ID`.
+  std::string Criterion(int32_t ID) const {
+    return description_.CriterionPrefix + std::to_string(ID);
+  }
 
   /// A new record from the current row, column by column.
   std::shared_ptr<Record> pvtReadRecord() {
     auto record = std::make_shared<Record>();
     for (const RecordColumn<Record>& column : description_.Columns) {
-      column.Read(*record, recordset_->Field(column.Name));
+      if (column.Read) column.Read(*record, recordset_->Field(column.Name));
     }
     return record;
   }
 
   /// Copies the record's fields into the pending add or edit.
   void pvtWriteFields(const Record* record) {
+    pvtWriteFieldsWhere(record, [](int32_t) { return true; });
+  }
+
+  /// Copies the fields of the columns whose `Section` `writes` accepts into
+  /// the pending add or edit, in the columns' order.
+  template <class Writes>
+  void pvtWriteFieldsWhere(const Record* record, Writes writes) {
     if (!record) throw Error::ObjectNotSet();
     for (const RecordColumn<Record>& column : description_.Columns) {
-      if (column.Write) recordset_->SetField(column.Name, column.Write(*record));
+      if (column.Write && writes(column.Section)) {
+        recordset_->SetField(column.Name, column.Write(*record));
+      }
     }
   }
 
-  /// Makes the bound list follow one change of `record`.
+  /// Makes the bound list follow one change of `record`. Add, update and
+  /// remove call it through the derived class, so a collection whose list
+  /// follows changes in its own way declares its own `pvtUpdateList` (and
+  /// befriends this class); it can hand the kinds it treats alike back here.
   void pvtUpdateList(EUpdateListbox kind, const Record& record, bool select) {
     if (!list_) return;
     IListControl& list = *list_;
@@ -296,8 +320,7 @@ class RINGBOOK_EXPORT RecordCollection : public Object {
   /// row that `shows` accepts, with the row's key as its `ItemData`.
   template <class Shows>
   void FillListWhere(const Variant& ListControl, Shows shows) {
-    if (ListControl.IsObject() && ListControl.ToObject()) BindTo(ListControl);
-    if (!list_) return;
+    if (!BindForFill(ListControl)) return;
     IListControl& list = *list_;
     list.Clear();
     Recordset& rows = *recordset_;
@@ -312,6 +335,14 @@ class RINGBOOK_EXPORT RecordCollection : public Object {
       }
     }
     list.Refresh();
+  }
+
+  /// FillList's first step: binds `ListControl` when it holds a control (a
+  /// Nothing reference or no value leaves the binding as it is). False when
+  /// no list is bound, and the fill then does nothing more.
+  bool BindForFill(const Variant& ListControl) {
+    if (ListControl.IsObject() && ListControl.ToObject()) BindTo(ListControl);
+    return list_ != nullptr;
   }
 
   /// The Get…List texts: `line` appends one row's line, for every row of
@@ -365,9 +396,7 @@ class RINGBOOK_EXPORT RecordCollection : public Object {
     RecordCollection& owner_;
   };
 
-  std::string Criterion(int32_t ID) const {
-    return description_.CriterionPrefix + std::to_string(ID);
-  }
+  Derived& Self() { return static_cast<Derived&>(*this); }
 
   const CollectionDescription<Record>& description_;
   std::shared_ptr<Database> database_;
