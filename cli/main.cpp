@@ -2,25 +2,63 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
+#include <nlohmann/json.hpp>
+#include <string>
 
 #include "cli/Commands.h"
+#include "cli/Context.h"
+#include "cli/Errors.h"
 #include "core/Error.h"
 
+namespace {
+
+int Fail(int code, const std::string& message) {
+  std::fprintf(stderr, "ringbook: %s\n", message.c_str());
+  return code;
+}
+
+// A library error's text, with the number when the text alone does not say
+// what went wrong.
+std::string Describe(const ringbook::Error& e) {
+  if (!e.Description().empty()) return e.Description();
+  return "error " + std::to_string(e.Number());
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
-  CLI::App app{"ringbook: the data and rules engine of the boxing game, from a terminal"};
+  using namespace ringbook::cli;
+  CLI::App app{"ringbook: the data and rules engine of the boxing game, from a terminal",
+               "ringbook"};
   app.require_subcommand(1);
-  ringbook::cli::AddVersionCommand(app);
-  ringbook::cli::AddStreamCommands(app);
+  // Global options may follow the command: `ringbook fighter list --json`.
+  app.fallthrough();
+  Context::Get().AddGlobalOptions(app);
+  AddRecordCommands(app);
+  AddVersionCommand(app);
+  AddStreamCommands(app);
   try {
     app.parse(argc, argv);
-  } catch (const CLI::ParseError& e) {
+    // A refusal the library showed but the command did not look for.
+    Context::Get().ThrowIfStopped();
+  } catch (const CLI::CallForHelp& e) {
     return app.exit(e);
+  } catch (const CLI::CallForAllHelp& e) {
+    return app.exit(e);
+  } catch (const CLI::CallForVersion& e) {
+    return app.exit(e);
+  } catch (const CLI::ParseError& e) {
+    return Fail(kExitUsage, e.what());
+  } catch (const UsageError& e) {
+    return Fail(kExitUsage, e.what());
+  } catch (const CommandError& e) {
+    return Fail(kExitFailure, e.what());
   } catch (const ringbook::Error& e) {
-    std::fprintf(stderr, "ringbook: %s\n", e.Description().c_str());
-    return 1;
+    return Fail(kExitFailure, Describe(e));
+  } catch (const nlohmann::json::exception& e) {
+    return Fail(kExitFailure, std::string("JSON: ") + e.what());
   } catch (const std::exception& e) {
-    std::fprintf(stderr, "ringbook: %s\n", e.what());
-    return 1;
+    return Fail(kExitFailure, e.what());
   }
   return 0;
 }
