@@ -41,18 +41,20 @@ class RenameOnlyUtility : public ringbook::DefaultUtility {
 
 // The folder for the options files and the saved tournaments.
 const fs::path& Folder() {
-  static const fs::path dir = [] {
-    fs::path d = fs::temp_directory_path() / ("ringbook-bench-cards-" + std::to_string(::getpid()));
-    fs::create_directories(d);
+  // Never destroyed, so that the clean-up at exit can still use it.
+  static const fs::path* dir = [] {
+    auto* d = new fs::path(fs::temp_directory_path() /
+                           ("ringbook-bench-cards-" + std::to_string(::getpid())));
+    fs::create_directories(*d);
     ringbook::SetSettings(
-        std::make_shared<ringbook::DefaultSettings>((d / "none.db").string(), d.string()));
+        std::make_shared<ringbook::DefaultSettings>((*d / "none.db").string(), d->string()));
     std::atexit([] {
       std::error_code ec;
-      fs::remove_all(Folder(), ec);
+      fs::remove_all(*dir, ec);
     });
     return d;
   }();
-  return dir;
+  return *dir;
 }
 
 std::string PathOf(const char* name) {

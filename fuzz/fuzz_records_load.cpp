@@ -33,20 +33,21 @@ volatile uint64_t g_sink = 0;
 // the options files (there is no game database in it, so new options take
 // their defaults with empty officials).
 const fs::path& WorkDir() {
-  static const fs::path dir = [] {
+  // Never destroyed, so that the clean-up at exit can still use it.
+  static const fs::path* dir = [] {
     const char* tmp = std::getenv("TMPDIR");
     fs::path base = tmp != nullptr && *tmp != '\0' ? tmp : "/tmp";
-    fs::path d = base / ("ringbook-fuzz-records-" + std::to_string(::getpid()));
-    fs::create_directories(d);
+    auto* d = new fs::path(base / ("ringbook-fuzz-records-" + std::to_string(::getpid())));
+    fs::create_directories(*d);
+    ringbook::SetSettings(
+        std::make_shared<ringbook::DefaultSettings>((*d / "none.db").string(), d->string()));
     std::atexit([] {
       std::error_code ec;
-      fs::remove_all(WorkDir(), ec);
+      fs::remove_all(*dir, ec);
     });
-    ringbook::SetSettings(
-        std::make_shared<ringbook::DefaultSettings>((d / "none.db").string(), d.string()));
     return d;
   }();
-  return dir;
+  return *dir;
 }
 
 std::string PathOf(const char* name) {
