@@ -44,9 +44,8 @@ CFighterInFight::CFighterInFight()
       trainer_(std::make_shared<CCornerman>()),
       cut_man_(std::make_shared<CCornerman>()) {}
 
-CFighter& CFighterInFight::Record() const {
-  if (!fr_) throw Error::ObjectNotSet();
-  return *fr_;
+void CFighterInFight::ThrowNotSet() {
+  throw Error::ObjectNotSet();
 }
 
 CCornerman& CFighterInFight::TrainerRef() const {

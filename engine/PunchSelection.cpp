@@ -1,6 +1,8 @@
 // Punch selection: one weighted draw over the record's ten punch ratings.
 
+#include <bit>
 #include <cfloat>
+#include <cstdint>
 
 #include "core/HostServices.h"
 #include "engine/CFighterInFight.h"
@@ -9,8 +11,10 @@ namespace ringbook {
 namespace {
 
 // Punch types in the order their ratings are walked: each family's "3"
-// rating, then its "2" rating.
-constexpr int16_t kPunchOrder[10] = {1, 6, 2, 7, 3, 8, 4, 9, 5, 10};
+// rating, then its "2" rating. Entry 10 is the draw past every rating.
+constexpr int16_t kPunchOrder[11] = {1, 6, 2, 7, 3, 8, 4, 9, 5, 10, 0};
+
+constexpr int32_t kRolls = 10000;  // the draw p is a roll of 1 to 10000, / 100
 
 // The running sum must be rounded to a 32-bit float at every step, as the
 // game's figures have always been: a draw that lands exactly on a boundary
@@ -26,24 +30,71 @@ inline float AddRounded(float sum, float rating) {
 #endif
 }
 
+// The highest roll whose draw p = roll / 100 (worked in double precision) is
+// still at most `sum`; 0 when none is. Since p grows with the roll, "p <= sum"
+// is exactly "roll <= LastRollCovered(sum)".
+int32_t LastRollCovered(float sum) {
+  const double s = sum;
+  if (!(s < kRolls / 100.0)) return kRolls;  // 100 and beyond cover every roll
+  auto roll = static_cast<int32_t>(s * 100.0);
+  if (roll < 0) roll = 0;
+  // The product may be off by one from the quotient's rounding either way.
+  while (roll < kRolls && static_cast<double>(roll + 1) / 100.0 <= s) ++roll;
+  while (roll > 0 && static_cast<double>(roll) / 100.0 > s) --roll;
+  return roll;
+}
+
+std::array<float, 10> PunchRatings(const CFighter& fr) {
+  return {fr.J3(),  fr.J2(),  fr.H3(),  fr.H2(), fr.Cr3(),
+          fr.Cr2(), fr.Cb3(), fr.Cb2(), fr.U3(), fr.U2()};
+}
+
+// Whether the record's punch ratings differ, bit for bit, from those the
+// reach table was built from. Worked without a branch per rating, since a
+// bout calls this for every punch and the ratings seldom change.
+bool PunchRatingsChanged(const CFighter& fr, const std::array<float, 10>& cached) {
+  const auto bits = [](float v) { return std::bit_cast<uint32_t>(v); };
+  const uint32_t diff = (bits(fr.J3()) ^ bits(cached[0])) | (bits(fr.J2()) ^ bits(cached[1])) |
+                        (bits(fr.H3()) ^ bits(cached[2])) | (bits(fr.H2()) ^ bits(cached[3])) |
+                        (bits(fr.Cr3()) ^ bits(cached[4])) | (bits(fr.Cr2()) ^ bits(cached[5])) |
+                        (bits(fr.Cb3()) ^ bits(cached[6])) | (bits(fr.Cb2()) ^ bits(cached[7])) |
+                        (bits(fr.U3()) ^ bits(cached[8])) | (bits(fr.U2()) ^ bits(cached[9]));
+  return diff != 0;
+}
+
 }  // namespace
+
+int CFighterInFight::RatingsPassed(int32_t roll) const {
+  // The running sums never fall (the ratings are never negative), so the
+  // number of sums the draw passes is the position of the first that covers
+  // it; counting them all avoids a hard-to-predict branch per rating.
+  int passed = 0;
+  for (int32_t reach : punch_reach_) passed += roll > reach ? 1 : 0;
+  return passed;
+}
+
+void CFighterInFight::RebuildPunchReach(const std::array<float, 10>& ratings) const {
+  float sum = 0.0f;
+  for (std::size_t i = 0; i < ratings.size(); ++i) {
+    sum = AddRounded(sum, ratings[i]);
+    punch_reach_[i] = LastRollCovered(sum);
+  }
+  punch_ratings_ = ratings;
+}
 
 int16_t CFighterInFight::PunchType(bool ForcePunch) const {
   const CFighter& fr = Record();
-  const float ratings[10] = {fr.J3(),  fr.J2(),  fr.H3(),  fr.H2(), fr.Cr3(),
-                             fr.Cr2(), fr.Cb3(), fr.Cb2(), fr.U3(), fr.U2()};
+  if (PunchRatingsChanged(fr, punch_ratings_)) RebuildPunchReach(PunchRatings(fr));
   IDice& dice = Dice();
-  for (;;) {
-    // p runs from 0.01 to 100.00 in steps of 0.01.
-    const double p = static_cast<double>(dice.Roll(10000, 1)) / 100.0;
-    float sum = 0.0f;
-    for (int i = 0; i < 10; ++i) {
-      sum = AddRounded(sum, ratings[i]);
-      if (p <= static_cast<double>(sum)) return kPunchOrder[i];
-    }
-    // Past the ten ratings' sum: no punch, unless one is forced.
-    if (!ForcePunch) return 0;
-  }
+  // The two cases apart, so that the common one never waits on whether the
+  // draw found a punch (a branch no predictor can learn).
+  if (!ForcePunch) return kPunchOrder[RatingsPassed(dice.Roll(kRolls, 1))];
+  // Past the ten ratings' sum the draw is made again until a punch comes.
+  int16_t type = 0;
+  do {
+    type = kPunchOrder[RatingsPassed(dice.Roll(kRolls, 1))];
+  } while (type == 0);
+  return type;
 }
 
 }  // namespace ringbook

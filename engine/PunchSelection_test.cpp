@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <memory>
+#include <random>
 
 #include "core/SeededDice.h"
 #include "engine/CFighterInFight.h"
@@ -120,6 +121,66 @@ TEST(PunchTypeTest, SeededDrawsFollowTheRatingsShares) {
       const double expected = p * kDraws;
       const double tolerance = 5 * std::sqrt(kDraws * p * (1 - p)) + 1;
       EXPECT_NEAR(seen[type], expected, tolerance) << "type " << type << " forced " << force;
+    }
+  }
+}
+
+TEST(PunchTypeTest, RatingsChangedBetweenCallsAreUsedAtOnce) {
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+  SetPunches(*f.FR(), {10, 5, 0, 0, 0, 0, 0, 0, 0, 0});
+  dice->Then(1200, kTop).Then(1200, kTop).Then(1200, kTop).Then(1200, kTop);
+  EXPECT_EQ(f.PunchType(), 6);
+  f.FR()->SetJ3(12);
+  EXPECT_EQ(f.PunchType(), 1);
+  // A new record object with the old ratings.
+  auto other = std::make_shared<CFighter>();
+  SetPunches(*other, {10, 5, 0, 0, 0, 0, 0, 0, 0, 0});
+  f.SetFR(other);
+  EXPECT_EQ(f.PunchType(), 6);
+  other->SetJ2(0);
+  EXPECT_EQ(f.PunchType(), 0);
+}
+
+// Dice that count up from 1 and wrap after 10000: every draw in turn.
+class EveryRoll : public IDice {
+ public:
+  int32_t Roll(int32_t upper, int32_t lower) override {
+    EXPECT_EQ(upper, 10000);
+    EXPECT_EQ(lower, 1);
+    next_ = next_ % 10000 + 1;
+    return next_;
+  }
+
+ private:
+  int32_t next_ = 0;
+};
+
+TEST(PunchTypeTest, AgreesWithAPlainWalkOfTheRatingsOnEveryDraw) {
+  // The plain rule, worked per draw: p = roll / 100 in double precision
+  // against each running sum rounded to a float.
+  const auto walk = [](const std::array<float, 10>& r, int32_t roll) -> int16_t {
+    const int16_t order[10] = {1, 6, 2, 7, 3, 8, 4, 9, 5, 10};
+    const double p = roll / 100.0;
+    float sum = 0;
+    for (int i = 0; i < 10; ++i) {
+      sum = static_cast<float>(sum + r[static_cast<std::size_t>(i)]);
+      if (p <= sum) return order[i];
+    }
+    return 0;
+  };
+  std::mt19937 gen(7);
+  std::uniform_int_distribution<int> cents(0, 1500);
+  std::uniform_real_distribution<float> any(0.0f, 15.0f);
+  DiceScope scope(std::make_shared<EveryRoll>());
+  CFighterInFight f;
+  for (int set = 0; set < 30; ++set) {
+    std::array<float, 10> r{};
+    // Two-decimal ratings, as the game stores them, and arbitrary floats.
+    for (float& v : r) v = set % 2 == 0 ? static_cast<float>(cents(gen) / 100.0) : any(gen);
+    SetPunches(*f.FR(), r);
+    for (int32_t roll = 1; roll <= kTop; ++roll) {
+      ASSERT_EQ(f.PunchType(), walk(r, roll)) << "set " << set << " roll " << roll;
     }
   }
 }
