@@ -14,17 +14,6 @@ std::optional<std::string> KeyArgument(const VARIANT& value) {
   return FromVariant(value).ToString();
 }
 
-/// Writes `value` into an in/out VARIANT argument, which may be the
-/// caller's own variable (by reference) or a copy.
-void Assign(VARIANT* target, const Variant& value) {
-  VARIANT* slot = target;
-  if (V_VT(slot) == (VT_BYREF | VT_VARIANT)) slot = V_VARIANTREF(slot);
-  VARIANT fresh;
-  ToVariant(value, &fresh);
-  VariantClear(slot);
-  *slot = fresh;
-}
-
 /// The comparison object of sorted collections. Its default interface
 /// carries ISortHelper's members as well, so a late-bound caller reaches
 /// them; the object also answers ISortHelper itself.
@@ -42,8 +31,8 @@ class CSortHelperCom : public ComObject<CSortHelperCom, CSortHelper, _CSortHelpe
       Variant a = FromVariant(*v1);
       Variant b = FromVariant(*v2);
       native().Swap(a, b);
-      Assign(v1, a);
-      Assign(v2, b);
+      AssignInOut(v1, a);
+      AssignInOut(v2, b);
     });
   }
   HRESULT STDMETHODCALLTYPE SwapCollection(IDispatch* n, LONG i1, LONG i2, VARIANT key1,

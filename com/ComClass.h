@@ -35,4 +35,4 @@ const ComClass* FindComClass(REFCLSID clsid);
 /// IDL) whose implementation is `Wrapper`.
 #define RINGBOOK_COM_CLASS_ENTRY(Name, Wrapper)                                               \
   extern const ::ringbook::com::ComClass kComClass_##Name = {                                 \
-      &CLSID_##Name, L## #Name, &typeid(Wrapper::Native), &Wrapper::Create, &Wrapper::Wrap}
+      &CLSID_##Name, L## #Name, &typeid(Wrapper::Native), &Wrapper::NewInstance, &Wrapper::Wrap}

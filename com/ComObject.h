@@ -85,7 +85,7 @@ class ComObject : public DispatchImpl<Default>,
   std::shared_ptr<Object> STDMETHODCALLTYPE LibraryObject() override { return native_; }
 
   /// The class factory's way in: a new object around a new library object.
-  static HRESULT Create(REFIID iid, void** out) {
+  static HRESULT NewInstance(REFIID iid, void** out) {
     if (!out) return E_POINTER;
     *out = nullptr;
     Derived* object = nullptr;

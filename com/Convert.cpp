@@ -173,6 +173,50 @@ void ToVariant(const Variant& value, VARIANT* out) {
   throw Error::TypeMismatch();
 }
 
+namespace {
+
+VARIANT* InOutSlot(VARIANT* target) {
+  return V_VT(target) == (VT_BYREF | VT_VARIANT) ? V_VARIANTREF(target) : target;
+}
+
+}  // namespace
+
+void AssignInOut(VARIANT* target, const Variant& value) {
+  VARIANT fresh;
+  ToVariant(value, &fresh);
+  VARIANT* slot = InOutSlot(target);
+  VariantClear(slot);
+  *slot = fresh;
+}
+
+void AssignArray(VARIANT* target, const VariantArray2D& array) {
+  SAFEARRAYBOUND bounds[2];
+  for (int d = 0; d < 2; ++d) {
+    bounds[d].lLbound = array.LBound(d + 1);
+    bounds[d].cElements = static_cast<ULONG>(array.UBound(d + 1) - array.LBound(d + 1) + 1);
+  }
+  SAFEARRAY* made = SafeArrayCreate(VT_VARIANT, 2, bounds);
+  if (!made) throw std::bad_alloc();
+  try {
+    for (int32_t r = array.LBound(1); r <= array.UBound(1); ++r) {
+      for (int32_t c = array.LBound(2); c <= array.UBound(2); ++c) {
+        LONG index[2] = {r, c};
+        VariantHolder element;
+        ToVariant(array(r, c), &element.value);
+        const HRESULT hr = SafeArrayPutElement(made, index, &element.value);
+        if (FAILED(hr)) throw Error::Runtime(errnum::kSubscriptOutOfRange);
+      }
+    }
+  } catch (...) {
+    SafeArrayDestroy(made);
+    throw;
+  }
+  VARIANT* slot = InOutSlot(target);
+  VariantClear(slot);
+  V_VT(slot) = VT_ARRAY | VT_VARIANT;
+  V_ARRAY(slot) = made;
+}
+
 IDispatch* ToDispatch(const std::shared_ptr<Object>& object) {
   if (!object) return nullptr;
   if (auto* host = dynamic_cast<HostReference*>(object.get())) {

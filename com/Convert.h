@@ -10,6 +10,7 @@
 
 #include "core/Object.h"
 #include "core/Variant.h"
+#include "store/VariantArray2D.h"
 
 namespace ringbook::com {
 
@@ -43,6 +44,16 @@ Variant FromVariant(const VARIANT& value);
 /// object becomes the host's own object again; an empty reference becomes
 /// Nothing.
 void ToVariant(const Variant& value, VARIANT* out);
+
+/// Writes `value` into an [in, out] VARIANT argument: into the caller's own
+/// variable when the argument refers to it (VT_BYREF | VT_VARIANT), else
+/// into the argument itself. The old value is released.
+void AssignInOut(VARIANT* target, const Variant& value);
+
+/// Writes a two-dimensional array, with its own bounds, into an [in, out]
+/// VARIANT argument as a SAFEARRAY of VARIANTs (VT_ARRAY | VT_VARIANT),
+/// rows first, as the runtime's ReDim makes it.
+void AssignArray(VARIANT* target, const VariantArray2D& array);
 
 /// The IDispatch of this server's object for `object` (the same COM object
 /// for the same library object while it lives), or the host's own object

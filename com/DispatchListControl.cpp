@@ -8,7 +8,8 @@ namespace ringbook::com {
 bool DispatchListControl::IsListBox() const {
   if (!list_box_) {
     const std::string type = caller_.TypeName();
-    list_box_ = type.empty() ? caller_.Has(L"ItemData") : text::CompareNoCase(type, "ListBox") == 0;
+    list_box_ = type.empty() ? caller_.Has(L"ItemData") && !caller_.Has(L"ItemTag")
+                             : text::CompareNoCase(type, "ListBox") == 0;
   }
   return *list_box_;
 }

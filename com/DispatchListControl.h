@@ -19,8 +19,10 @@ namespace ringbook::com {
 ///
 /// It is a list box when its type information names its class "ListBox";
 /// an object without type information (a script's object) counts as a list
-/// box when it has an "ItemData" member, as list and combo boxes do and
-/// grids do not.
+/// box when it has an "ItemData" member and no "ItemTag" member (the other
+/// controls keep their values in ItemTag). `AddItem` without an index
+/// passes the index as an omitted optional argument, so that a script's
+/// AddItem(Text, Index) is called with both parameters.
 class DispatchListControl : public IListControl, public HostReference {
  public:
   explicit DispatchListControl(IDispatch* control) : caller_(control) {}

@@ -119,7 +119,7 @@ for test in "$root"/tests/com/test_*.vbs; do
 done
 
 echo "com-tests: C++ client through the vtable"
-if timeout 300 "$wine" 'C:\ringbook\com_client.exe' 'C:\ringbook\Korvat_Ringbook.dll' \
+if env "${env_common[@]}" timeout 300 "$wine" 'C:\ringbook\com_client.exe' 'C:\ringbook\Korvat_Ringbook.dll' \
   >"$work/results/client.txt" 2>&1; then
   tr -d '\r' <"$work/results/client.txt" | grep '^FAIL' || true
   if tr -d '\r' <"$work/results/client.txt" | grep -qx 'DONE failures=0'; then

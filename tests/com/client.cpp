@@ -325,6 +325,36 @@ void TestStreamWithHostObject(const std::wstring& folder) {
   host->Release();
 }
 
+// A collection through IRecords: records as values of any type, cast by
+// the collection. Needs the game database the scripts created.
+void TestRecordsInterface() {
+  Ptr<IRecords> records;
+  const HRESULT made = CoCreateInstance(CLSID_NLocations, nullptr, CLSCTX_INPROC_SERVER,
+                                        IID_IRecords, records.vout());
+  CheckHr("NLocations answers IRecords", made);
+  if (FAILED(made)) return;
+  Ptr<IDispatch> judge;
+  CoCreateInstance(CLSID_CJudge, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, judge.vout());
+  VARIANT record, result;
+  VariantInit(&result);
+  V_VT(&record) = VT_DISPATCH;
+  V_DISPATCH(&record) = judge.p;
+  HRESULT hr = records->AddRecord(record, VARIANT_TRUE, &result);
+  Report(hr == static_cast<HRESULT>(0x800A000D), "IRecords.AddRecord of a judge is a type mismatch",
+         Hex(hr));
+  Ptr<IDispatch> location;
+  CoCreateInstance(CLSID_CLocation, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, location.vout());
+  V_DISPATCH(&record) = location.p;
+  hr = records->AddRecord(record, VARIANT_FALSE, &result);
+  Report(SUCCEEDED(hr) && V_VT(&result) == VT_DISPATCH && V_DISPATCH(&result) == location.p,
+         "IRecords.AddRecord of a location returns it", Hex(hr));
+  VariantClear(&result);
+  VARIANT missing;
+  V_VT(&missing) = VT_ERROR;
+  V_ERROR(&missing) = DISP_E_PARAMNOTFOUND;
+  CheckHr("IRecords.FillList without a control", records->FillList(missing, 0));
+}
+
 void TestStringTable(const std::wstring& dll) {
   HMODULE module = LoadLibraryExW(dll.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
   if (!module) {
@@ -395,6 +425,7 @@ int main(int argc, char** argv) {
   TestDispatchByName();
   TestSortHelperInterfaces();
   TestStreamWithHostObject(folder);
+  TestRecordsInterface();
   TestStringTable(dll);
   TestUnloadAndUnknownClass(dll);
   CoUninitialize();

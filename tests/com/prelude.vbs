@@ -98,4 +98,115 @@ Sub Finish()
   gOut.Close
 End Sub
 
+' A list box as a host's form would have one: the members the component
+' calls by name (and no type information: it counts as a list box because
+' it has ItemData and no ItemTag).
+Class ListBox
+  Public Items
+  Public Datas
+  Public ListCount
+  Public NewIndex
+  Public ListIndex
+  Public Font
+  Public Log
+
+  Private Sub Class_Initialize()
+    ReDim Items(-1)
+    ReDim Datas(-1)
+    ListCount = 0
+    NewIndex = -1
+    ListIndex = -1
+    Set Font = New FontObject
+    Log = ""
+  End Sub
+
+  Public Sub Clear()
+    ReDim Items(-1)
+    ReDim Datas(-1)
+    ListCount = 0
+    NewIndex = -1
+    Log = Log & "C"
+  End Sub
+
+  Public Sub AddItem(Text, Index)
+    Dim i
+    If IsEmpty(Index) Or IsMissingArg(Index) Then Index = ListCount
+    ReDim Preserve Items(ListCount)
+    ReDim Preserve Datas(ListCount)
+    For i = ListCount To Index + 1 Step -1
+      Items(i) = Items(i - 1)
+      Datas(i) = Datas(i - 1)
+    Next
+    Items(Index) = Text
+    Datas(Index) = 0
+    ListCount = ListCount + 1
+    NewIndex = Index
+    Log = Log & "A"
+  End Sub
+
+  Public Property Get ItemData(Index)
+    ItemData = Datas(Index)
+  End Property
+
+  Public Property Let ItemData(Index, Value)
+    Datas(Index) = Value
+  End Property
+
+  Public Sub RemoveItem(Index)
+    Dim i
+    For i = Index To ListCount - 2
+      Items(i) = Items(i + 1)
+      Datas(i) = Datas(i + 1)
+    Next
+    ListCount = ListCount - 1
+    If ListCount > 0 Then
+      ReDim Preserve Items(ListCount - 1)
+      ReDim Preserve Datas(ListCount - 1)
+    Else
+      ReDim Items(-1)
+      ReDim Datas(-1)
+    End If
+  End Sub
+
+  Public Sub Refresh()
+    Log = Log & "R"
+  End Sub
+
+  Public Property Get Selected(Index)
+    Selected = (Index = ListIndex)
+  End Property
+
+  Public Property Let Selected(Index, Value)
+    If Value Then ListIndex = Index
+  End Property
+
+  ' The ItemData of the items joined by "|".
+  Public Function DataText()
+    Dim i
+    DataText = ""
+    For i = 0 To ListCount - 1
+      If i > 0 Then DataText = DataText & "|"
+      DataText = DataText & Datas(i)
+    Next
+  End Function
+
+  ' The items joined by "|" (Wine's script engine has no Join).
+  Public Function Text()
+    Dim i
+    Text = ""
+    For i = 0 To ListCount - 1
+      If i > 0 Then Text = Text & "|"
+      Text = Text & Items(i)
+    Next
+  End Function
+End Class
+
+Class FontObject
+  Public Bold
+End Class
+
+Function IsMissingArg(value)
+  IsMissingArg = (VarType(value) = vbError)
+End Function
+
 ' ---- the test ----
