@@ -7,15 +7,6 @@
 namespace ringbook {
 namespace {
 
-TEST(ErrorTest, RuntimeErrorsCarryTheRuntimesText) {
-  const Error e = Error::TypeMismatch();
-  EXPECT_EQ(e.Number(), 13);
-  EXPECT_EQ(e.Description(), "Type mismatch");
-  EXPECT_STREQ(e.what(), "Type mismatch");
-  EXPECT_EQ(Error::ObjectNotSet().Description(), "Object variable or With block variable not set");
-  EXPECT_EQ(RuntimeErrorText(12345), "Application-defined or object-defined error");
-}
-
 TEST(ErrorTest, PostedErrorsBelongToTheirThread) {
   ClearLastError();
   PostError(static_cast<int32_t>(0x80040202u), "Stream:ReadLng", "EOF");

@@ -60,14 +60,5 @@ TEST(HostServicesTest, EachThreadHasItsOwnObjects) {
   SetMessageSink(nullptr);
 }
 
-TEST(HostServicesTest, EveryKindHasAWorkingDefault) {
-  SetSettings(nullptr);
-  SetUtility(nullptr);
-  EXPECT_NO_THROW(Settings().DatabasePath());
-  EXPECT_TRUE(Utility().IsEven(-4));
-  EXPECT_FALSE(Utility().IsEven(7));
-  EXPECT_NO_THROW(DisplayText().EraText(1));
-}
-
 }  // namespace
 }  // namespace ringbook
