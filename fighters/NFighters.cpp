@@ -24,6 +24,7 @@ NFighters::~NFighters() {
   try {
     if (group_query_) group_query_->Close();
     if (group_rows_) group_rows_->Close();
+    if (histories_) histories_->Close();
   } catch (...) {
     // Closing releases memory only; nothing is left to report to.
   }

@@ -9,6 +9,7 @@
 #include "core/Variant.h"
 #include "fighters/CFighter.h"
 #include "fighters/FighterEnums.h"
+#include "store/NTitles.h"
 #include "store/QueryDef.h"
 #include "store/RecordCollection.h"
 #include "store/Recordset.h"
@@ -128,12 +129,22 @@ class RINGBOOK_EXPORT NFighters : public RecordCollection<NFighters, CFighter> {
   void pvtUpdateList(EUpdateListbox kind, const CFighter& fighter, bool select);
   /// Adds the fighter's `History` to "FightHistories" for `ersCareer`.
   void pvtUpdateFightHistories(const CFighter& fighter, ERecordSection section);
+  /// Opens "qryFighterHistories" for fighter `ID`.
+  std::shared_ptr<Recordset> OpenHistories(int32_t ID, RecordsetType type);
   /// Opens a stored query of the connection with its group and division.
   std::shared_ptr<Recordset> OpenForGroup(const char* query, int32_t GroupFilter,
-                                          int16_t DivisionFilter);
+                                          int16_t DivisionFilter, RecordsetType type);
+  /// The ranking query that `SortByTitle` selects; nullptr for none.
+  std::shared_ptr<Recordset> OpenRankings(int32_t GroupFilter, int16_t DivisionFilter,
+                                          ESortRankings SortByTitle, RecordsetType type);
 
   std::shared_ptr<Recordset> group_rows_;
   std::shared_ptr<QueryDef> group_query_;
+  // Kept from first use to the end, so that saving a fight or naming the
+  // titles of a ranking does not open them anew each time: the table
+  // "FightHistories" that fights are added to, and the title collection.
+  std::shared_ptr<Recordset> histories_;
+  std::unique_ptr<NTitles> titles_;
 };
 
 }  // namespace ringbook

@@ -20,14 +20,19 @@ std::string HistoryText(const Variant& value) {
 
 }  // namespace
 
-std::shared_ptr<Recordset> NFighters::HistoriesRS(int32_t ID) {
+std::shared_ptr<Recordset> NFighters::OpenHistories(int32_t ID, RecordsetType type) {
   std::shared_ptr<QueryDef> query = DatabaseConnection()->QueryDefs(kHistoryQuery);
   query->SetParameter("Enter FighterID", Variant(ID));
-  return query->OpenRecordset();
+  return query->OpenRecordset(type);
+}
+
+std::shared_ptr<Recordset> NFighters::HistoriesRS(int32_t ID) {
+  return OpenHistories(ID, RecordsetType::Dynaset);
 }
 
 std::string NFighters::GetHistoryList(int32_t ID) {
-  std::shared_ptr<Recordset> rows = HistoriesRS(ID);
+  // Read once, in one pass: the rows are only read here.
+  std::shared_ptr<Recordset> rows = OpenHistories(ID, RecordsetType::Snapshot);
   std::string text;
   if (rows->RecordCount() > 0) {
     rows->MoveFirst();
@@ -44,7 +49,7 @@ std::string NFighters::GetHistoryList(int32_t ID) {
 }
 
 bool NFighters::RemoveFightHistories(int32_t ID) {
-  std::shared_ptr<Recordset> rows = HistoriesRS(ID);
+  std::shared_ptr<Recordset> rows = OpenHistories(ID, RecordsetType::Dynaset);
   if (rows->RecordCount() > 0) {
     rows->MoveFirst();
     while (!rows->Eof()) {
@@ -57,7 +62,8 @@ bool NFighters::RemoveFightHistories(int32_t ID) {
 
 void NFighters::pvtUpdateFightHistories(const CFighter& fighter, ERecordSection section) {
   if (section != ersCareer || !fighter.History()) return;
-  std::shared_ptr<Recordset> histories = DatabaseConnection()->OpenRecordset("FightHistories");
+  if (!histories_) histories_ = DatabaseConnection()->OpenRecordset("FightHistories");
+  Recordset* histories = histories_.get();
   histories->AddNew();
   histories->SetField("FighterID", Variant(fighter.ID()));
   histories->SetField("Division", Variant(fighter.History()->Division()));
@@ -76,7 +82,9 @@ void NFighters::pvtUpdateFightHistories(const CFighter& fighter, ERecordSection 
     ShowMessage("Stop/Error " + std::to_string(e.Number()) +
                 " in NFighters.pvtUpdateFightHistories");
   }
-  histories->Close();
+  // Done with the table until the next fight: drops a refused row and what
+  // the table's rows were noted as since.
+  histories->Requery();
 }
 
 }  // namespace ringbook

@@ -162,6 +162,11 @@ TEST_F(NFightersHistoryTest, RemoveFightHistoriesDeletesOneFightersRowsAndIsFals
   EXPECT_EQ(HistoryRows(other->ID()), 1);
   EXPECT_FALSE(fighters.RemoveFightHistories(f->ID()));  // nothing left to delete
   EXPECT_EQ(fighters.GetHistoryList(f->ID()), "");
+
+  // His next fight starts a new history.
+  f->SetHistory(Fight("E", DateFromParts(2021, 2, 3)));
+  fighters.UpdatePartialRecord(f, ersCareer);
+  EXPECT_EQ(HistoryRows(f->ID()), 1);
 }
 
 }  // namespace

@@ -59,11 +59,23 @@ std::vector<std::string> TitleKeys(const std::string& title_ids) {
 }  // namespace
 
 std::shared_ptr<Recordset> NFighters::OpenForGroup(const char* query, int32_t GroupFilter,
-                                                   int16_t DivisionFilter) {
+                                                   int16_t DivisionFilter, RecordsetType type) {
   std::shared_ptr<QueryDef> definition = DatabaseConnection()->QueryDefs(query);
   definition->SetParameter("Enter GroupID", Variant(GroupFilter));
   definition->SetParameter("Enter Division", Variant(DivisionFilter));
-  return definition->OpenRecordset();
+  return definition->OpenRecordset(type);
+}
+
+std::shared_ptr<Recordset> NFighters::OpenRankings(int32_t GroupFilter, int16_t DivisionFilter,
+                                                   ESortRankings SortByTitle, RecordsetType type) {
+  switch (SortByTitle) {
+    case SortByTitlePerfPoints:
+      return OpenForGroup(kRankedByTitlesQuery, GroupFilter, DivisionFilter, type);
+    case SortByPerfPoints:
+      return OpenForGroup(kRankedQuery, GroupFilter, DivisionFilter, type);
+    default:
+      return nullptr;
+  }
 }
 
 void NFighters::FillList(const Variant& ListControl, int32_t GroupFilter, int16_t DivisionFilter,
@@ -71,7 +83,7 @@ void NFighters::FillList(const Variant& ListControl, int32_t GroupFilter, int16_
   if (!BindForFill(ListControl)) return;
   std::shared_ptr<Recordset> rows;
   if (DisplayRankings) {
-    rows = OpenForGroup(kRankedQuery, GroupFilter, DivisionFilter);
+    rows = OpenForGroup(kRankedQuery, GroupFilter, DivisionFilter, RecordsetType::Snapshot);
   } else {
     // These parameters stay set: later list updates place fighters by them.
     const ProficiencyBounds bounds = Lookup().Proficiency(ProficiencyFilter);
@@ -106,27 +118,20 @@ void NFighters::FillList(const Variant& ListControl, int32_t GroupFilter, int16_
 
 std::shared_ptr<Recordset> NFighters::RankingsRS(int32_t GroupFilter, int16_t DivisionFilter,
                                                  ESortRankings SortByTitle) {
-  switch (SortByTitle) {
-    case SortByTitlePerfPoints:
-      return OpenForGroup(kRankedByTitlesQuery, GroupFilter, DivisionFilter);
-    case SortByPerfPoints:
-      return OpenForGroup(kRankedQuery, GroupFilter, DivisionFilter);
-    default:
-      return nullptr;
-  }
+  return OpenRankings(GroupFilter, DivisionFilter, SortByTitle, RecordsetType::Dynaset);
 }
 
 std::string NFighters::GetRankingList(int32_t GroupFilter, int16_t DivisionFilter,
                                       ESortRankings SortByTitle) {
-  std::shared_ptr<Recordset> rows = RankingsRS(GroupFilter, DivisionFilter, SortByTitle);
+  // The rows of `RankingsRS`, read once in one pass.
+  std::shared_ptr<Recordset> rows =
+      OpenRankings(GroupFilter, DivisionFilter, SortByTitle, RecordsetType::Snapshot);
   if (!rows) throw Error::ObjectNotSet();
   std::string text;
   // The rank shown: a running count, which becomes the text "UR" at the
   // first unranked fighter. Counting on from "UR" is a type mismatch: the
   // query must give every unranked fighter after the ranked ones.
   Variant rank(int32_t{0});
-  // Opened at the first fighter who holds titles.
-  std::unique_ptr<NTitles> titles;
 
   if (rows->RecordCount() > 0) {
     rows->MoveFirst();
@@ -146,8 +151,8 @@ std::string NFighters::GetRankingList(int32_t GroupFilter, int16_t DivisionFilte
       if (!title_ids.empty()) {
         const std::vector<std::string> keys = TitleKeys(title_ids);
         for (std::size_t i = 0; i < keys.size(); ++i) {
-          if (!titles) titles = std::make_unique<NTitles>();
-          const std::string name = titles->Item(Variant(keys[i]).ToLong())->Name();
+          if (!titles_) titles_ = std::make_unique<NTitles>();
+          const std::string name = titles_->Item(Variant(keys[i]).ToLong())->Name();
           if (name.empty()) continue;
           text += name;
           if (i + 1 < keys.size()) text += ", ";
