@@ -28,6 +28,8 @@ namespace ringbook {
 /// a fighter can be written one section at a time (`UpdatePartialRecord`);
 /// and the bound list (any list control) follows adds and updates by the
 /// fighter's place in the group query "qryFightersByGroupAndDivision".
+/// Through the common interface (`Records()`), `FillList`'s filter is the
+/// group, listed for division 0.
 ///
 /// Nothing is caught except the fight-history write of
 /// `UpdatePartialRecord`: every other failure of the database, the list
