@@ -126,6 +126,9 @@ uint64_t ReadThroughStream(const std::string& path) {
 
 void WriteRaw(const std::string& path) {
   const std::vector<unsigned char>& bytes = TheData().encoded;
+  // A new file each time, as for the stream: truncating an existing one
+  // costs the file system more than unlinking it.
+  std::remove(path.c_str());
   std::FILE* f = std::fopen(path.c_str(), "wb");
   std::fwrite(bytes.data(), 1, bytes.size(), f);
   std::fclose(f);

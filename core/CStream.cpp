@@ -222,6 +222,18 @@ std::string CStream::ReadChars(uint64_t count, const char* source) {
 
 std::string CStream::ReadStr(int32_t FixedLength) {
   if (FixedLength >= 1) return ReadChars(static_cast<uint64_t>(FixedLength), "Stream:ReadStr");
+  // Usually count and characters are both in the window already.
+  const unsigned char* p;
+  if (file_->Take(4, p)) [[likely]] {
+    const auto count = static_cast<int32_t>(coding::DecodeFixed32(p));
+    if (count <= 0) return {};
+    if (file_->Take(static_cast<std::size_t>(count), p)) [[likely]] {
+      const auto n = static_cast<std::size_t>(count);
+      return IsAscii(p, n) ? std::string(reinterpret_cast<const char*>(p), n)
+                           : text::FromAnsi({reinterpret_cast<const char*>(p), n});
+    }
+    return ReadChars(static_cast<uint64_t>(count), "Stream:ReadStr");
+  }
   unsigned char b[4];
   if (!ReadRaw(b, 4, "Stream:ReadStr")) return {};
   const auto count = static_cast<int32_t>(coding::DecodeFixed32(b));
