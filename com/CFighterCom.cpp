@@ -1,5 +1,6 @@
 #include "Korvat_Ringbook.h"
 #include "com/ComMembers.h"
+#include "com/DispatchListControl.h"
 #include "fighters/CFighter.h"
 
 namespace ringbook::com {
@@ -39,6 +40,9 @@ class CFighterCom : public ComObject<CFighterCom, CFighter, _CFighter> {
   RINGBOOK_COM_PROPERTY(E10, short)
   RINGBOOK_COM_PROPERTY(FastSlow, short)
   RINGBOOK_COM_PROPERTY(Fi, short)
+  HRESULT STDMETHODCALLTYPE FillListWithTitles(VARIANT control) override {
+    return Call([&] { native().FillListWithTitles(ListControlArgument(control)); });
+  }
   RINGBOOK_COM_PROPERTY(FirstName, BSTR)
   RINGBOOK_COM_PROPERTY(Fo, short)
   RINGBOOK_COM_PROPERTY(Fouls, short)

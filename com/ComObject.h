@@ -88,15 +88,20 @@ class ComObject : public DispatchImpl<Default>,
   static HRESULT NewInstance(REFIID iid, void** out) {
     if (!out) return E_POINTER;
     *out = nullptr;
-    Derived* object = nullptr;
-    const HRESULT made = Translate(__uuidof(Default), [&] { object = new Derived(std::make_shared<Native>()); });
-    if (FAILED(made)) return made;
-    object->AddRef();
-    const HRESULT hr = object->QueryInterface(iid, out);
-    object->Release();
-    return hr;
+    if constexpr (std::is_abstract_v<Native>) {
+      // Objects that only the library hands out (a recordset).
+      return CLASS_E_CLASSNOTAVAILABLE;
+    } else {
+      Derived* object = nullptr;
+      const HRESULT made =
+          Translate(__uuidof(Default), [&] { object = new Derived(std::make_shared<Native>()); });
+      if (FAILED(made)) return made;
+      object->AddRef();
+      const HRESULT hr = object->QueryInterface(iid, out);
+      object->Release();
+      return hr;
+    }
   }
-
   /// The object for an existing library object of this class; nullptr when
   /// `object` is of another class. AddRef'd.
   static IDispatch* Wrap(const std::shared_ptr<Object>& object) {

@@ -187,7 +187,9 @@ void TestEveryCoclass() {
     TYPEATTR* attr = nullptr;
     info->GetTypeAttr(&attr);
     const CLSID clsid = attr->guid;
+    const bool creatable = (attr->wTypeFlags & TYPEFLAG_FCANCREATE) != 0;
     info->ReleaseTypeAttr(attr);
+    if (!creatable) continue;
     Ptr<IDispatch> object;
     hr = CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.vout());
     if (FAILED(hr)) {
