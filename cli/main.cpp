@@ -34,6 +34,7 @@ int main(int argc, char** argv) {
   // Global options may follow the command: `ringbook fighter list --json`.
   app.fallthrough();
   Context::Get().AddGlobalOptions(app);
+  AddInitCommand(app);
   AddRecordCommands(app);
   AddVersionCommand(app);
   AddStreamCommands(app);
