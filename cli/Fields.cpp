@@ -78,8 +78,10 @@ std::string OptionName(const std::string& field_name) {
     // "IDNumber" -> "id-number").
     if (std::isupper(c) && i > 0) {
       const unsigned char prev = static_cast<unsigned char>(field_name[i - 1]);
-      const bool next_lower =
-          i + 1 < field_name.size() && std::islower(static_cast<unsigned char>(field_name[i + 1]));
+      // ... but a plural "s" stays with its capitals ("TitleIDs" -> "title-ids").
+      const bool plural = i + 2 == field_name.size() && field_name[i + 1] == 's';
+      const bool next_lower = i + 1 < field_name.size() && !plural &&
+                              std::islower(static_cast<unsigned char>(field_name[i + 1]));
       if (std::islower(prev) || std::isdigit(prev) || (std::isupper(prev) && next_lower)) {
         out.push_back('-');
       }

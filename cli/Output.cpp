@@ -1,8 +1,11 @@
 #include "cli/Output.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
 
+#include "cli/Errors.h"
 #include "core/Text.h"
 
 #ifdef _WIN32
@@ -130,6 +133,32 @@ void PrintObject(const Json& object, OutputFormat format) {
 
 void PrintJson(const Json& value) {
   std::cout << value.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+Json ReadJsonFile(const std::string& path) {
+  std::ifstream file;
+  std::istream* in = &std::cin;
+  if (path != "-") {
+    file.open(std::filesystem::path(path), std::ios::binary);
+    if (!file) throw CommandError("cannot read '" + path + "'");
+    in = &file;
+  }
+  try {
+    return Json::parse(*in);
+  } catch (const Json::parse_error& e) {
+    throw CommandError("'" + path + "' is not valid JSON: " + e.what());
+  }
+}
+
+void WriteTextFile(const std::string& path, const std::string& text) {
+  if (path.empty() || path == "-") {
+    std::cout << text;
+    return;
+  }
+  std::ofstream file(std::filesystem::path(path), std::ios::binary | std::ios::trunc);
+  file << text;
+  file.close();
+  if (!file) throw CommandError("cannot write '" + path + "'");
 }
 
 bool IsTerminal(std::FILE* stream) {

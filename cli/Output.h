@@ -38,6 +38,14 @@ void PrintJson(const Json& value);
 /// Aligned text of `table` (the Table form), for composing larger views.
 std::string TableText(const Table& table);
 
+/// The JSON document in file `path` ("-" for standard input); fails with a
+/// message naming the file when it cannot be read or is not JSON.
+Json ReadJsonFile(const std::string& path);
+
+/// Writes `text` to file `path`, or to standard output when `path` is empty
+/// or "-"; fails with a message naming the file.
+void WriteTextFile(const std::string& path, const std::string& text);
+
 /// Whether `stream` is a terminal.
 bool IsTerminal(std::FILE* stream);
 

@@ -36,6 +36,8 @@ int main(int argc, char** argv) {
   Context::Get().AddGlobalOptions(app);
   AddInitCommand(app);
   AddRecordCommands(app);
+  AddFighterCommands(app);
+  AddRankingCommands(app);
   AddVersionCommand(app);
   AddStreamCommands(app);
   try {
