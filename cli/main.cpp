@@ -38,6 +38,7 @@ int main(int argc, char** argv) {
   AddRecordCommands(app);
   AddFighterCommands(app);
   AddRankingCommands(app);
+  AddFileCommands(app);
   AddVersionCommand(app);
   AddStreamCommands(app);
   try {
