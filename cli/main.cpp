@@ -39,6 +39,7 @@ int main(int argc, char** argv) {
   AddFighterCommands(app);
   AddRankingCommands(app);
   AddFileCommands(app);
+  AddPreviewCommand(app);
   AddVersionCommand(app);
   AddStreamCommands(app);
   try {
