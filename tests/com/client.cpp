@@ -8,10 +8,12 @@
 #include <windows.h>
 #include <objbase.h>
 #include <oleauto.h>
+#include <dispex.h>
 
 #include <cstdio>
 #include <cwchar>
 #include <string>
+#include <vector>
 
 #include "Korvat_Ringbook.h"
 #include "store/DefaultData.h"
@@ -304,6 +306,112 @@ void TestSortHelperInterfaces() {
   Report(count == 2, "... and changes nothing");
 }
 
+
+// A list control of a script engine that answers names only through
+// IDispatchEx::GetDispID (its GetIDsOfNames fails), as some engines' objects
+// do. It keeps the items it is given.
+class ExOnlyList : public IDispatchEx {
+ public:
+  std::vector<std::wstring> items;
+  int clears = 0;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** out) override {
+    static const IID kDispatchEx = {
+        0xa6ef9860, 0xc720, 0x11d0, {0x93, 0x37, 0x00, 0xa0, 0xc9, 0x0d, 0xca, 0xa9}};
+    if (iid == IID_IUnknown || iid == IID_IDispatch || iid == kDispatchEx) {
+      *out = static_cast<IDispatchEx*>(this);
+      AddRef();
+      return S_OK;
+    }
+    *out = nullptr;
+    return E_NOINTERFACE;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override { return --references_; }  // lives on the stack
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
+    *count = 0;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID lcid, WORD flags, DISPPARAMS* params,
+                                   VARIANT* result, EXCEPINFO* exception, UINT*) override {
+    return InvokeEx(id, lcid, flags, params, result, exception, nullptr);
+  }
+  HRESULT STDMETHODCALLTYPE GetDispID(BSTR name, DWORD, DISPID* id) override {
+    const wchar_t* names[] = {L"Clear", L"AddItem", L"NewIndex", L"ListCount"};
+    for (DISPID i = 0; i < 4; ++i) {
+      if (_wcsicmp(name, names[i]) == 0) {
+        *id = i + 1;
+        return S_OK;
+      }
+    }
+    return DISP_E_UNKNOWNNAME;
+  }
+  HRESULT STDMETHODCALLTYPE InvokeEx(DISPID id, LCID, WORD, DISPPARAMS* params, VARIANT* result,
+                                     EXCEPINFO*, IServiceProvider*) override {
+    switch (id) {
+      case 1:
+        items.clear();
+        ++clears;
+        return S_OK;
+      case 2: {
+        // Arguments arrive last first: the text is the last one.
+        const VARIANT& text = params->rgvarg[params->cArgs - 1];
+        items.push_back(V_VT(&text) == VT_BSTR ? std::wstring(V_BSTR(&text)) : L"?");
+        return S_OK;
+      }
+      case 3:
+      case 4:
+        if (result) {
+          V_VT(result) = VT_I4;
+          V_I4(result) = id == 3 ? static_cast<LONG>(items.size()) - 1 : static_cast<LONG>(items.size());
+        }
+        return S_OK;
+      default:
+        return DISP_E_MEMBERNOTFOUND;
+    }
+  }
+  HRESULT STDMETHODCALLTYPE DeleteMemberByName(BSTR, DWORD) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE DeleteMemberByDispID(DISPID) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetMemberProperties(DISPID, DWORD, DWORD*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetMemberName(DISPID, BSTR*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetNextDispID(DWORD, DISPID, DISPID*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetNameSpaceParent(IUnknown**) override { return E_NOTIMPL; }
+
+ private:
+  ULONG references_ = 1;
+};
+
+// A keyed collection fills a list control that names its members only
+// through IDispatchEx.
+void TestDispatchExFallback() {
+  Ptr<_CKeyedCollection> items;
+  Create(CLSID_CKeyedCollection, items);
+  if (!items.p) return;
+  VARIANT item, missing, result;
+  VariantInit(&result);
+  V_VT(&missing) = VT_ERROR;
+  V_ERROR(&missing) = DISP_E_PARAMNOTFOUND;
+  for (const wchar_t* text : {L"first", L"second"}) {
+    V_VT(&item) = VT_BSTR;
+    V_BSTR(&item) = SysAllocString(text);
+    items->Add(item, missing, missing, missing, &result);
+    VariantClear(&item);
+    VariantClear(&result);
+  }
+  ExOnlyList list;
+  VARIANT control;
+  V_VT(&control) = VT_DISPATCH;
+  V_DISPATCH(&control) = &list;
+  const HRESULT hr = items->FillList(control, 0, missing);
+  Report(SUCCEEDED(hr) && list.clears == 1 && list.items.size() == 2 && list.items[0] == L"first" &&
+             list.items[1] == L"second",
+         "FillList drives a control through IDispatchEx::GetDispID", LastErrorInfo(hr));
+}
+
 void TestStreamWithHostObject(const std::wstring& folder) {
   Ptr<ITypeLib> library;
   LoadRegTypeLib(LIBID_Korvat_Ringbook, 1, 0, LOCALE_NEUTRAL, library.out());
@@ -426,6 +534,7 @@ int main(int argc, char** argv) {
   TestRecordsThroughVtable();
   TestDispatchByName();
   TestSortHelperInterfaces();
+  TestDispatchExFallback();
   TestStreamWithHostObject(folder);
   TestRecordsInterface();
   TestStringTable(dll);
