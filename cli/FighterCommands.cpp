@@ -164,21 +164,27 @@ void AddAdd(CLI::App& cmd) {
     } else {
       inputs.push_back(Json::object());
     }
-    ctx.RequireDatabase();
-    NFighters fighters;
-    Json added = Json::array();
-    ProgressBar bar("Adding fighters");
+    // Every fighter is read and checked before the first is added.
+    std::vector<std::shared_ptr<CFighter>> batch;
     for (std::size_t i = 0; i < inputs.size(); ++i) {
       auto fighter = std::make_shared<CFighter>();
       SetFromJson(*fighter, FighterFields(), inputs[i],
                   inputs.size() > 1 ? "fighter " + std::to_string(i + 1) : std::string("fighter"),
                   false);
       values->Apply(*fighter);
-      fighters.AddRecord(fighter, false);
+      batch.push_back(std::move(fighter));
+    }
+    ctx.RequireDatabase();
+    NFighters fighters;
+    Json added = Json::array();
+    ProgressBar bar("Adding fighters");
+    for (std::size_t i = 0; i < batch.size(); ++i) {
+      fighters.AddRecord(batch[i], false);
       ctx.ThrowIfStopped();
-      added.push_back(FighterJson(*fighter, ersAll));
-      if (inputs.size() > 1)
-        bar.Update(static_cast<int64_t>(i + 1), static_cast<int64_t>(inputs.size()));
+      added.push_back(FighterJson(*batch[i], ersAll));
+      if (batch.size() > 1) {
+        bar.Update(static_cast<int64_t>(i + 1), static_cast<int64_t>(batch.size()));
+      }
     }
     bar.Finish();
     if (ctx.Json()) {
@@ -213,6 +219,7 @@ void AddEdit(CLI::App& cmd) {
                          " section, and would not be written");
       }
     }
+    values->Values();  // bad values fail before the database is opened
     Context& ctx = Context::Get();
     ctx.RequireDatabase();
     NFighters fighters;
@@ -240,6 +247,8 @@ void AddRecordBout(CLI::App& cmd) {
       *bout, FighterFields(), "Career after the bout", std::set<int>{kCareerSection});
   bout->callback([id, history, career] {
     if (!history->Any()) throw UsageError("describe the bout (at least --opponent; see --help)");
+    history->Values();  // bad values fail before the database is opened
+    career->Values();
     Context& ctx = Context::Get();
     ctx.RequireDatabase();
     NFighters fighters;

@@ -54,7 +54,8 @@ void ReadChecked(const std::string& path, const char* noun, int32_t low, int32_t
         static_cast<uint32_t>(b[0]) | (static_cast<uint32_t>(b[1]) << 8) |
         (static_cast<uint32_t>(b[2]) << 16) | (static_cast<uint32_t>(b[3]) << 24));
     if (!in || marker < low || marker > high) {
-      throw CommandError("'" + path + "' is not a " + noun + " file");
+      const bool vowel = std::string("aeiou").find(noun[0]) != std::string::npos;
+      throw CommandError("'" + path + "' is not " + (vowel ? "an " : "a ") + noun + " file");
     }
   }
   ClearLastError();

@@ -139,6 +139,7 @@ void AddEntity(CLI::App& app, const Entity<Collection, Record>& e) {
     auto* add = cmd->add_subcommand("add", "Add a new " + word);
     auto values = std::make_shared<FieldOptions<Record>>(*add, e.fields);
     add->callback([&e, values, &ctx] {
+      values->Values();  // bad values fail before the database is opened
       ctx.RequireDatabase();
       Collection collection;
       auto record = std::make_shared<Record>();
@@ -157,6 +158,7 @@ void AddEntity(CLI::App& app, const Entity<Collection, Record>& e) {
     auto values = std::make_shared<FieldOptions<Record>>(*edit, e.fields);
     edit->callback([&e, id, values, &ctx] {
       if (!values->Any()) throw UsageError("give at least one field to change (see --help)");
+      values->Values();
       ctx.RequireDatabase();
       Collection collection;
       std::shared_ptr<Record> record = FindRecord<Record>(collection, *id, e.word);

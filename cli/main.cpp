@@ -4,6 +4,7 @@
 #include <exception>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 #include "cli/Commands.h"
 #include "cli/Context.h"
@@ -22,6 +23,31 @@ int Fail(int code, const std::string& message) {
 std::string Describe(const ringbook::Error& e) {
   if (!e.Description().empty()) return e.Description();
   return "error " + std::to_string(e.Number());
+}
+
+// CLI11 reports a word that names no command, and a missing command, as a
+// missing requirement; say which command is missing or which word is wrong.
+std::string ParseMessage(CLI::App& app, const CLI::ParseError& e) {
+  if (!dynamic_cast<const CLI::RequiredError*>(&e)) return e.what();
+  std::vector<CLI::App*> chain = {&app};
+  while (!chain.back()->get_subcommands().empty()) {
+    chain.push_back(chain.back()->get_subcommands().front());
+  }
+  CLI::App* deepest = chain.back();
+  if (deepest->get_require_subcommand_min() == 0) return e.what();
+  std::string path = "ringbook";
+  for (std::size_t i = 1; i < chain.size(); ++i) path += " " + chain[i]->get_name();
+  for (auto it = chain.rbegin(); it != chain.rend(); ++it) {
+    const std::vector<std::string> left = (*it)->remaining();
+    if (!left.empty()) {
+      return "'" + left.front() + "' is not a command of '" + path + "' (see " + path + " --help)";
+    }
+  }
+  std::string names;
+  for (const CLI::App* sub : deepest->get_subcommands([](CLI::App*) { return true; })) {
+    names += (names.empty() ? "" : ", ") + sub->get_name();
+  }
+  return "'" + path + "' needs a command: " + names;
 }
 
 }  // namespace
@@ -53,7 +79,7 @@ int main(int argc, char** argv) {
   } catch (const CLI::CallForVersion& e) {
     return app.exit(e);
   } catch (const CLI::ParseError& e) {
-    return Fail(kExitUsage, e.what());
+    return Fail(kExitUsage, ParseMessage(app, e));
   } catch (const UsageError& e) {
     return Fail(kExitUsage, e.what());
   } catch (const CommandError& e) {
