@@ -61,18 +61,20 @@ class Lcg {
   uint64_t state_;
 };
 
+// The folder of the worlds, removed at exit. Never destroyed, so that the
+// removal registered while it is made can still read it.
 const fs::path& Folder() {
-  static const fs::path dir = [] {
-    fs::path d =
-        fs::temp_directory_path() / ("ringbook-bench-fighters-" + std::to_string(::getpid()));
-    fs::create_directories(d);
+  static const fs::path* dir = [] {
+    auto* d = new fs::path(fs::temp_directory_path() /
+                           ("ringbook-bench-fighters-" + std::to_string(::getpid())));
+    fs::create_directories(*d);
     std::atexit([] {
       std::error_code ec;
       fs::remove_all(Folder(), ec);
     });
     return d;
   }();
-  return dir;
+  return *dir;
 }
 
 void Exec(sqlite3* db, const char* sql) {
