@@ -60,11 +60,12 @@ bool BufferedFile::Open(const std::string& path, Mode mode, int& error) {
 #endif
   }
   size_ = size;
-  pos_ = 0;
   window_.resize(kWindow);
+  w_.base = window_.data();
+  w_.room = writable_ ? kWindow : 0;
+  w_.len = 0;
+  w_.dirty_lo = SIZE_MAX;
   window_start_ = 0;
-  window_len_ = 0;
-  dirty_lo_ = SIZE_MAX;
   return LoadWindow(0);
 }
 
@@ -74,21 +75,25 @@ bool BufferedFile::Close() {
   const bool closed = std::fclose(file_) == 0;
   file_ = nullptr;
   writable_ = false;
+  // The position survives the close; the window does not.
   size_ = Size();
-  window_len_ = 0;
+  Detach(Position());
+  w_.len = 0;
+  w_.room = 0;
   return flushed && closed;
 }
 
 bool BufferedFile::Flush() {
-  if (file_ == nullptr || dirty_lo_ >= window_len_) {
-    dirty_lo_ = SIZE_MAX;
+  if (file_ == nullptr || w_.dirty_lo >= w_.len) {
+    w_.dirty_lo = SIZE_MAX;
     return true;
   }
-  const std::size_t n = window_len_ - dirty_lo_;
-  const bool ok = SeekTo(file_, window_start_ + dirty_lo_) &&
-                  std::fwrite(window_.data() + dirty_lo_, 1, n, file_) == n &&
-                  std::fflush(file_) == 0;
-  dirty_lo_ = SIZE_MAX;
+  // Bytes in this range that were not written still hold what was loaded,
+  // so writing the whole range back is harmless.
+  const std::size_t n = w_.len - w_.dirty_lo;
+  const bool ok = SeekTo(file_, window_start_ + w_.dirty_lo) &&
+                  std::fwrite(w_.base + w_.dirty_lo, 1, n, file_) == n && std::fflush(file_) == 0;
+  w_.dirty_lo = SIZE_MAX;
   return ok;
 }
 
@@ -96,29 +101,34 @@ bool BufferedFile::LoadWindow(uint64_t start) {
   if (!Flush()) return false;
   size_ = Size();
   window_start_ = start;
-  window_len_ = 0;
+  w_.len = 0;
+  w_.pos = 0;
   if (start >= size_) return true;
   if (!SeekTo(file_, start)) return false;
   const uint64_t left = size_ - start;
   const std::size_t want = left < kWindow ? static_cast<std::size_t>(left) : kWindow;
-  window_len_ = std::fread(window_.data(), 1, want, file_);
-  return window_len_ == want;
+  w_.len = std::fread(w_.base, 1, want, file_);
+  return w_.len == want;
 }
 
 std::size_t BufferedFile::ReadSlow(void* out, std::size_t n) {
-  if (file_ == nullptr || pos_ >= Size()) return 0;
+  if (file_ == nullptr) return 0;
   auto* dst = static_cast<unsigned char*>(out);
   std::size_t done = 0;
-  while (done < n && pos_ < Size()) {
-    if (!(pos_ >= window_start_ && pos_ < window_start_ + window_len_)) {
-      if (!LoadWindow(pos_) || window_len_ == 0) break;
+  while (done < n) {
+    const std::size_t avail = w_.pos <= w_.len ? w_.len - w_.pos : 0;
+    if (avail == 0) {
+      const uint64_t at = Position();
+      if (at >= Size()) break;
+      // On failure the position stays at `at` (or where it was, when the
+      // window could not be written back).
+      if (!LoadWindow(at) || w_.len == 0) break;
+      continue;
     }
-    const std::size_t off = static_cast<std::size_t>(pos_ - window_start_);
-    std::size_t take = window_len_ - off;
-    if (take > n - done) take = n - done;
-    std::memcpy(dst + done, window_.data() + off, take);
+    const std::size_t take = avail < n - done ? avail : n - done;
+    std::memcpy(dst + done, w_.base + w_.pos, take);
+    w_.pos += take;
     done += take;
-    pos_ += take;
   }
   return done;
 }
@@ -127,29 +137,30 @@ bool BufferedFile::WriteSlow(const void* in, std::size_t n) {
   if (file_ == nullptr || !writable_) return false;
   const auto* src = static_cast<const unsigned char*>(in);
   while (n > 0) {
-    const bool in_window = pos_ >= window_start_ && pos_ <= window_start_ + window_len_ &&
-                           pos_ < window_start_ + kWindow;
-    if (!in_window) {
+    if (w_.pos > w_.len || w_.pos >= kWindow) {
+      const uint64_t at = Position();
       // A position past the end of the file: the gap reads as zeros, as it
-      // does when the runtime extends a file.
-      if (pos_ > Size()) {
-        const uint64_t gap_at = Size();
-        const uint64_t resume = pos_;
+      // does when the runtime extends a file. Written out rather than left
+      // to the system, which need not fill a hole.
+      const uint64_t end = Size();
+      if (at > end) {
         static const unsigned char kZeros[4096] = {};
-        pos_ = gap_at;
-        while (pos_ < resume) {
-          const uint64_t left = resume - pos_;
+        Detach(end);
+        while (Position() < at) {
+          const uint64_t gap = at - Position();
           if (!WriteSlow(kZeros,
-                         left < sizeof kZeros ? static_cast<std::size_t>(left) : sizeof kZeros)) {
+                         gap < sizeof kZeros ? static_cast<std::size_t>(gap) : sizeof kZeros)) {
             return false;
           }
         }
       }
-      if (!LoadWindow(pos_)) return false;
+      if (!LoadWindow(at)) {
+        Detach(at);
+        return false;
+      }
     }
-    const std::size_t off = static_cast<std::size_t>(pos_ - window_start_);
-    std::size_t take = kWindow - off;
-    if (take > n) take = n;
+    const std::size_t room = kWindow - w_.pos;
+    const std::size_t take = room < n ? room : n;
     unsigned char* p = nullptr;
     Reserve(take, p);  // room is certain here
     std::memcpy(p, src, take);

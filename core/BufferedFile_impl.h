@@ -6,17 +6,24 @@
 #include <string>
 #include <vector>
 
+#include "core/CStream.h"
+
 namespace ringbook {
 
 /// A binary file with one window of buffered bytes, read and written at an
 /// explicit 0-based offset. Reads and writes inside the window are memory
 /// copies; the window is written back when it moves, on `Flush` and on close.
 /// Writing past the end of the file extends it, filling any gap with zeros.
+///
+/// The window's cursor lives in a `detail::StreamWindow` that the owning
+/// stream holds, so that the stream's fixed-width readers and writers can
+/// work on it inline; this class keeps it consistent on every other call.
 class BufferedFile {
  public:
   enum class Mode { kReadOnly, kReadWrite };
+  using Window = detail::StreamWindow;
 
-  BufferedFile() = default;
+  explicit BufferedFile(Window& window) : w_(window) { Detach(0); }
   BufferedFile(const BufferedFile&) = delete;
   BufferedFile& operator=(const BufferedFile&) = delete;
   ~BufferedFile() { Close(); }
@@ -32,18 +39,26 @@ class BufferedFile {
   /// The file's length, including bytes written into the window but not yet
   /// to the file.
   uint64_t Size() const {
-    const uint64_t window_end = window_start_ + window_len_;
+    const uint64_t window_end = window_start_ + w_.len;
     return size_ > window_end ? size_ : window_end;
   }
-  uint64_t Position() const { return pos_; }
-  void Seek(uint64_t pos) { pos_ = pos; }
+  uint64_t Position() const {
+    return w_.pos == Window::kDetached ? detached_pos_ : window_start_ + w_.pos;
+  }
+  void Seek(uint64_t pos) {
+    if (file_ != nullptr && pos >= window_start_ && pos - window_start_ <= w_.len) {
+      w_.pos = static_cast<std::size_t>(pos - window_start_);
+    } else {
+      Detach(pos);
+    }
+  }
 
   /// Reads up to `n` bytes at the position and advances past them. Returns
   /// how many were read; fewer than `n` means the end of the file.
   std::size_t Read(void* out, std::size_t n) {
     const unsigned char* p;
     if (Take(n, p)) {
-      std::memcpy(out, p, n);
+      if (n != 0) std::memcpy(out, p, n);
       return n;
     }
     return ReadSlow(out, n);
@@ -54,11 +69,9 @@ class BufferedFile {
   /// call that reads, writes or seeks. Otherwise returns false and does not
   /// move.
   bool Take(std::size_t n, const unsigned char*& p) {
-    // `off` wraps to a huge value when the position is before the window.
-    const uint64_t off = pos_ - window_start_;
-    if (off <= window_len_ && n <= window_len_ - off) {
-      p = window_.data() + off;
-      pos_ += n;
+    if (w_.pos <= w_.len && n <= w_.len - w_.pos) {
+      p = w_.base + w_.pos;
+      w_.pos += n;
       return true;
     }
     return false;
@@ -68,20 +81,19 @@ class BufferedFile {
   /// `p` at them, advances past them and returns true; the caller fills them
   /// in before the next call. Otherwise returns false and does not move.
   bool Reserve(std::size_t n, unsigned char*& p) {
-    const uint64_t off = pos_ - window_start_;
-    if (writable_ && off <= window_len_ && n <= kWindow - off) {
-      const auto o = static_cast<std::size_t>(off);
-      if (o < dirty_lo_) dirty_lo_ = o;
-      if (o + n > window_len_) window_len_ = o + n;
-      p = window_.data() + o;
-      pos_ += n;
+    const std::size_t pos = w_.pos;
+    if (w_.room != 0 && pos <= w_.len && n <= w_.room - pos) {
+      if (pos < w_.dirty_lo) w_.dirty_lo = pos;
+      w_.pos = pos + n;
+      if (w_.pos > w_.len) w_.len = w_.pos;
+      p = w_.base + pos;
       return true;
     }
     return false;
   }
 
   /// Writes `n` bytes at the position and advances. False when the file is
-  /// read-only or a write-back failed.
+  /// not open for writing or a write-back failed.
   bool Write(const void* in, std::size_t n) {
     unsigned char* p;
     if (Reserve(n, p)) {
@@ -99,20 +111,22 @@ class BufferedFile {
 
   std::size_t ReadSlow(void* out, std::size_t n);
   bool WriteSlow(const void* in, std::size_t n);
-  /// Moves the window to start at `start`, loading the file's bytes there.
+  /// Moves the window to start at `start`, loading the file's bytes there;
+  /// the position is then the window's first byte.
   bool LoadWindow(uint64_t start);
+  /// Keeps the position outside the window.
+  void Detach(uint64_t pos) {
+    detached_pos_ = pos;
+    w_.pos = Window::kDetached;
+  }
 
+  Window& w_;
   std::FILE* file_ = nullptr;
   bool writable_ = false;
   std::vector<unsigned char> window_;
   uint64_t window_start_ = 0;
-  std::size_t window_len_ = 0;  // bytes of the window that hold file data
-  // Window bytes from here to `window_len_` may differ from the file. Bytes
-  // in that range that were not written hold what was loaded, so writing the
-  // whole range back is harmless.
-  std::size_t dirty_lo_ = SIZE_MAX;
-  uint64_t pos_ = 0;
-  uint64_t size_ = 0;  // the length before the window's bytes are counted in
+  uint64_t detached_pos_ = 0;  // the position while it is outside the window
+  uint64_t size_ = 0;          // the length before the window's bytes are counted in
 };
 
 }  // namespace ringbook

@@ -54,37 +54,9 @@ bool IsAscii(const unsigned char* p, std::size_t n) {
   return true;
 }
 
-// The bytes of a fixed-width value: straight from the buffer window when it
-// holds them, else read into `scratch` (zero-filled past the end of the file,
-// with "EOF" posted).
-template <std::size_t N>
-inline const unsigned char* Fetch(BufferedFile& file, unsigned char (&scratch)[N],
-                                  const char* source) {
-  const unsigned char* p;
-  if (file.Take(N, p)) [[likely]]
-    return p;
-  const std::size_t got = file.Read(scratch, N);
-  if (got != N) ShortRead(scratch, got, N, source);
-  return scratch;
-}
-
-// Encodes a fixed-width value straight into the buffer window when it fits,
-// else through the slow path.
-template <std::size_t N, class Encode>
-inline void Store(BufferedFile& file, const char* source, Encode encode) {
-  unsigned char* p;
-  if (file.Reserve(N, p)) [[likely]] {
-    encode(p);
-    return;
-  }
-  unsigned char b[N];
-  encode(b);
-  if (!file.Write(b, N)) WriteFailed(source);
-}
-
 }  // namespace
 
-CStream::CStream() : file_(std::make_unique<BufferedFile>()) {}
+CStream::CStream() : file_(std::make_unique<BufferedFile>(win_)) {}
 
 CStream::~CStream() = default;
 
@@ -168,34 +140,43 @@ inline bool CStream::ReadRaw(void* out, std::size_t n, const char* source) {
   return false;
 }
 
-bool CStream::ReadBln() {
+// The slow paths of the inline readers: the window does not hold the value
+// (it has moved, the file is closed, or the file ends early).
+
+bool CStream::ReadBlnSlow() {
   unsigned char b[2];
-  return coding::DecodeFixed16(Fetch(*file_, b, "Stream:ReadBln")) != 0;
+  ReadRaw(b, 2, "Stream:ReadBln");
+  return coding::DecodeFixed16(b) != 0;
 }
 
-uint8_t CStream::ReadByte() {
+uint8_t CStream::ReadByteSlow() {
   unsigned char b[1];
-  return *Fetch(*file_, b, "Stream:ReadByte");
+  ReadRaw(b, 1, "Stream:ReadByte");
+  return b[0];
 }
 
-double CStream::ReadDate() {
+double CStream::ReadDateSlow() {
   unsigned char b[8];
-  return coding::DoubleFromBits(coding::DecodeFixed64(Fetch(*file_, b, "Stream:ReadDate")));
+  ReadRaw(b, 8, "Stream:ReadDate");
+  return coding::DoubleFromBits(coding::DecodeFixed64(b));
 }
 
-int16_t CStream::ReadInt() {
+int16_t CStream::ReadIntSlow() {
   unsigned char b[2];
-  return static_cast<int16_t>(coding::DecodeFixed16(Fetch(*file_, b, "Stream:ReadInt")));
+  ReadRaw(b, 2, "Stream:ReadInt");
+  return static_cast<int16_t>(coding::DecodeFixed16(b));
 }
 
-int32_t CStream::ReadLng() {
+int32_t CStream::ReadLngSlow() {
   unsigned char b[4];
-  return static_cast<int32_t>(coding::DecodeFixed32(Fetch(*file_, b, "Stream:ReadLng")));
+  ReadRaw(b, 4, "Stream:ReadLng");
+  return static_cast<int32_t>(coding::DecodeFixed32(b));
 }
 
-float CStream::ReadSng() {
+float CStream::ReadSngSlow() {
   unsigned char b[4];
-  return coding::FloatFromBits(coding::DecodeFixed32(Fetch(*file_, b, "Stream:ReadSng")));
+  ReadRaw(b, 4, "Stream:ReadSng");
+  return coding::FloatFromBits(coding::DecodeFixed32(b));
 }
 
 std::string CStream::ReadChars(uint64_t count, const char* source) {
@@ -291,33 +272,41 @@ inline bool CStream::WriteRaw(const void* in, std::size_t n, const char* source)
   return false;
 }
 
-void CStream::WriteBln(bool bBln) {
-  Store<2>(*file_, "Stream:WriteBln",
-           [bBln](unsigned char* p) { coding::EncodeFixed16(p, bBln ? 0xFFFF : 0); });
+// The slow paths of the inline writers: the value does not fit in the window
+// as it stands (it must move, the file is closed or read-only).
+
+void CStream::WriteBlnSlow(bool value) {
+  unsigned char b[2];
+  coding::EncodeFixed16(b, value ? 0xFFFF : 0);
+  WriteRaw(b, 2, "Stream:WriteBln");
 }
 
-void CStream::WriteByte(uint8_t yByte) {
-  Store<1>(*file_, "Stream:WriteByte", [yByte](unsigned char* p) { *p = yByte; });
+void CStream::WriteByteSlow(uint8_t value) {
+  WriteRaw(&value, 1, "Stream:WriteByte");
 }
 
-void CStream::WriteDate(double dDate) {
-  Store<8>(*file_, "Stream:WriteDate",
-           [dDate](unsigned char* p) { coding::EncodeFixed64(p, coding::DoubleBits(dDate)); });
+void CStream::WriteDateSlow(double value) {
+  unsigned char b[8];
+  coding::EncodeFixed64(b, coding::DoubleBits(value));
+  WriteRaw(b, 8, "Stream:WriteDate");
 }
 
-void CStream::WriteInt(int16_t iInt) {
-  Store<2>(*file_, "Stream:WriteInt",
-           [iInt](unsigned char* p) { coding::EncodeFixed16(p, static_cast<uint16_t>(iInt)); });
+void CStream::WriteIntSlow(int16_t value) {
+  unsigned char b[2];
+  coding::EncodeFixed16(b, static_cast<uint16_t>(value));
+  WriteRaw(b, 2, "Stream:WriteInt");
 }
 
-void CStream::WriteLng(int32_t lLng) {
-  Store<4>(*file_, "Stream:WriteLng",
-           [lLng](unsigned char* p) { coding::EncodeFixed32(p, static_cast<uint32_t>(lLng)); });
+void CStream::WriteLngSlow(int32_t value) {
+  unsigned char b[4];
+  coding::EncodeFixed32(b, static_cast<uint32_t>(value));
+  WriteRaw(b, 4, "Stream:WriteLng");
 }
 
-void CStream::WriteSng(float fSng) {
-  Store<4>(*file_, "Stream:WriteSng",
-           [fSng](unsigned char* p) { coding::EncodeFixed32(p, coding::FloatBits(fSng)); });
+void CStream::WriteSngSlow(float value) {
+  unsigned char b[4];
+  coding::EncodeFixed32(b, coding::FloatBits(value));
+  WriteRaw(b, 4, "Stream:WriteSng");
 }
 
 void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 
+#include "core/Coding.h"
 #include "core/Export.h"
 #include "core/IStream.h"
 #include "core/Object.h"
@@ -12,6 +14,22 @@
 namespace ringbook {
 
 class BufferedFile;
+
+namespace detail {
+/// The buffered bytes of a stream's open file as the stream's inline readers
+/// and writers see them; the file fills, moves and writes back the window.
+/// `pos` is the file position as an offset into the window, never beyond
+/// `len`; when the position lies outside the window it is `kDetached`, which
+/// fails every bounds check, and the file keeps the position itself.
+struct StreamWindow {
+  static constexpr std::size_t kDetached = SIZE_MAX / 2;
+  unsigned char* base = nullptr;
+  std::size_t pos = kDetached;
+  std::size_t len = 0;              // bytes of the window that hold file data
+  std::size_t room = 0;             // bytes that may be written; 0 when read-only
+  std::size_t dirty_lo = SIZE_MAX;  // first byte that may differ from the file
+};
+}  // namespace detail
 
 /// The binary stream through which every saved record is written and read:
 /// one open file, values in a fixed little-endian encoding at a 1-based
@@ -54,12 +72,30 @@ class RINGBOOK_EXPORT CStream : public Object {
   /// mode commits (even when the open failed).
   void WriteFile(IStream& obj, int32_t Position = 0, bool OverwriteFile = false);
 
-  bool ReadBln();
-  uint8_t ReadByte();
-  double ReadDate();
-  int16_t ReadInt();
-  int32_t ReadLng();
-  float ReadSng();
+  bool ReadBln() {
+    const unsigned char* p;
+    return Fetch(2, p) ? coding::DecodeFixed16(p) != 0 : ReadBlnSlow();
+  }
+  uint8_t ReadByte() {
+    const unsigned char* p;
+    return Fetch(1, p) ? *p : ReadByteSlow();
+  }
+  double ReadDate() {
+    const unsigned char* p;
+    return Fetch(8, p) ? coding::DoubleFromBits(coding::DecodeFixed64(p)) : ReadDateSlow();
+  }
+  int16_t ReadInt() {
+    const unsigned char* p;
+    return Fetch(2, p) ? static_cast<int16_t>(coding::DecodeFixed16(p)) : ReadIntSlow();
+  }
+  int32_t ReadLng() {
+    const unsigned char* p;
+    return Fetch(4, p) ? static_cast<int32_t>(coding::DecodeFixed32(p)) : ReadLngSlow();
+  }
+  float ReadSng() {
+    const unsigned char* p;
+    return Fetch(4, p) ? coding::FloatFromBits(coding::DecodeFixed32(p)) : ReadSngSlow();
+  }
   /// With `FixedLength` below 1: a 32-bit count and that many characters (a
   /// negative count reads as the empty text). Otherwise exactly `FixedLength`
   /// characters, untrimmed. Never reads or allocates past the file's end.
@@ -72,12 +108,54 @@ class RINGBOOK_EXPORT CStream : public Object {
   int32_t SeekTo() const;
   void SetSeekTo(int32_t position);
 
-  void WriteBln(bool bBln);
-  void WriteByte(uint8_t yByte);
-  void WriteDate(double dDate);
-  void WriteInt(int16_t iInt);
-  void WriteLng(int32_t lLng);
-  void WriteSng(float fSng);
+  void WriteBln(bool bBln) {
+    unsigned char* p;
+    if (Room(2, p)) {
+      coding::EncodeFixed16(p, bBln ? 0xFFFF : 0);
+    } else {
+      WriteBlnSlow(bBln);
+    }
+  }
+  void WriteByte(uint8_t yByte) {
+    unsigned char* p;
+    if (Room(1, p)) {
+      *p = yByte;
+    } else {
+      WriteByteSlow(yByte);
+    }
+  }
+  void WriteDate(double dDate) {
+    unsigned char* p;
+    if (Room(8, p)) {
+      coding::EncodeFixed64(p, coding::DoubleBits(dDate));
+    } else {
+      WriteDateSlow(dDate);
+    }
+  }
+  void WriteInt(int16_t iInt) {
+    unsigned char* p;
+    if (Room(2, p)) {
+      coding::EncodeFixed16(p, static_cast<uint16_t>(iInt));
+    } else {
+      WriteIntSlow(iInt);
+    }
+  }
+  void WriteLng(int32_t lLng) {
+    unsigned char* p;
+    if (Room(4, p)) {
+      coding::EncodeFixed32(p, static_cast<uint32_t>(lLng));
+    } else {
+      WriteLngSlow(lLng);
+    }
+  }
+  void WriteSng(float fSng) {
+    unsigned char* p;
+    if (Room(4, p)) {
+      coding::EncodeFixed32(p, coding::FloatBits(fSng));
+    } else {
+      WriteSngSlow(fSng);
+    }
+  }
   /// With `FixedLength` below 1: the 32-bit character count and the
   /// characters. Otherwise exactly `FixedLength` characters, padded with
   /// blanks or cut.
@@ -94,9 +172,46 @@ class RINGBOOK_EXPORT CStream : public Object {
   bool WriteRaw(const void* in, std::size_t n, const char* source);
   std::string ReadChars(uint64_t count, const char* source);
 
+  // The fixed-width readers and writers work on the buffer window inline,
+  // one bounds check and one copy; everything else (an empty or moved
+  // window, the end of the file, a closed or read-only file) goes through
+  // the out-of-line slow paths, which also post the errors.
+  bool Fetch(std::size_t n, const unsigned char*& p) {
+    if (win_.pos + n <= win_.len) {
+      p = win_.base + win_.pos;
+      win_.pos += n;
+      return true;
+    }
+    return false;
+  }
+  bool Room(std::size_t n, unsigned char*& p) {
+    const std::size_t pos = win_.pos;
+    if (pos + n <= win_.room) {
+      if (pos < win_.dirty_lo) win_.dirty_lo = pos;
+      win_.pos = pos + n;
+      if (win_.pos > win_.len) win_.len = win_.pos;
+      p = win_.base + pos;
+      return true;
+    }
+    return false;
+  }
+  bool ReadBlnSlow();
+  uint8_t ReadByteSlow();
+  double ReadDateSlow();
+  int16_t ReadIntSlow();
+  int32_t ReadLngSlow();
+  float ReadSngSlow();
+  void WriteBlnSlow(bool value);
+  void WriteByteSlow(uint8_t value);
+  void WriteDateSlow(double value);
+  void WriteIntSlow(int16_t value);
+  void WriteLngSlow(int32_t value);
+  void WriteSngSlow(float value);
+
   std::string filename_;
   std::string temp_filename_;
   bool overwrite_ = false;
+  detail::StreamWindow win_;  // before `file_`, which refers to it
   std::unique_ptr<BufferedFile> file_;
 };
 

@@ -330,6 +330,38 @@ TEST_F(CStreamTest, SeekToIsOneBasedAndWritesPastTheEndFillWithZeros) {
             (Bytes{'A', 'B', 'Z', 'Z', 'E', 'F', 'G', 'H', 0, 0, 0, '!'}));
 }
 
+// Values that straddle a 64 KiB buffer window boundary take the slow path on
+// both sides and must still come back whole.
+TEST_F(CStreamTest, ValuesStraddlingBufferWindowsRoundTrip) {
+  auto s = OpenOn("straddle.bin");
+  for (int64_t window_end : {65536, 131072, 196608}) {
+    for (int shift = 1; shift < 8; ++shift) {
+      s->SetSeekTo(static_cast<int32_t>(window_end - shift + 1));
+      s->WriteDate(1234.5 + shift);
+      s->SetSeekTo(static_cast<int32_t>(window_end - shift + 1));
+      EXPECT_EQ(s->ReadDate(), 1234.5 + shift) << window_end << " " << shift;
+    }
+    s->SetSeekTo(static_cast<int32_t>(window_end - 1));
+    s->WriteLng(-123456789);
+    s->WriteStr("across");
+    s->SetSeekTo(static_cast<int32_t>(window_end - 1));
+    EXPECT_EQ(s->ReadLng(), -123456789);
+    EXPECT_EQ(s->ReadStr(), "across");
+  }
+  EXPECT_EQ(LastError().Number, 0);
+  s->CloseStream();
+
+  // Read back by a fresh stream, whose first window is loaded from the file.
+  auto r = OpenOn("straddle.bin");
+  r->SetSeekTo(65536 - 1);
+  EXPECT_EQ(r->ReadLng(), -123456789);
+  EXPECT_EQ(r->ReadStr(), "across");
+  r->SetSeekTo(196608 - 1);
+  EXPECT_EQ(r->ReadLng(), -123456789);
+  EXPECT_EQ(r->ReadStr(), "across");
+  EXPECT_EQ(LastError().Number, 0);
+}
+
 // Random seeks, reads and writes of every width across several 64 KiB
 // windows, checked against a plain byte vector.
 TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
