@@ -334,14 +334,15 @@ class RINGBOOK_EXPORT CFighterInFight : public Object {
   /// Round fastest: (card, round) at (card - 1) * 16 + round.
   std::array<int16_t, kCards * kRounds> score_card_{};
 
-  /// Speeds up `PunchType`, which a bout calls thousands of times: the ten
-  /// punch ratings of the last call, in walking order, and for each running
-  /// sum the highest roll it still covers. Checked against the record's
-  /// ratings on every call and rebuilt when they differ, so it is never
-  /// stale; it is not part of the state (all zero ratings cover no roll).
+  /// Speeds up `PunchType`, which a bout calls thousands of times: the stamp
+  /// of the record's punch ratings it was built from, and for each running
+  /// sum of the ratings in walking order the highest roll it still covers.
+  /// Checked against the record's stamp on every call and rebuilt when they
+  /// differ, so it is never stale; it is not part of the state (stamp 0 is
+  /// all zero ratings, which cover no roll).
   /// The reach table has two spare entries that cover every roll, so that
   /// counting over it works on whole vector registers.
-  mutable std::array<float, 10> punch_ratings_{};
+  mutable uint64_t punch_stamp_ = 0;
   mutable std::array<int32_t, 12> punch_reach_{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, INT32_MAX, INT32_MAX};
   void RebuildPunchReach(const std::array<float, 10>& ratings) const;
   int RatingsPassed(int32_t roll) const;

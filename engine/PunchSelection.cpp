@@ -1,6 +1,5 @@
 // Punch selection: one weighted draw over the record's ten punch ratings.
 
-#include <bit>
 #include <cfloat>
 #include <cstdint>
 
@@ -49,19 +48,6 @@ std::array<float, 10> PunchRatings(const CFighter& fr) {
           fr.Cr2(), fr.Cb3(), fr.Cb2(), fr.U3(), fr.U2()};
 }
 
-// Whether the record's punch ratings differ, bit for bit, from those the
-// reach table was built from. Worked without a branch per rating, since a
-// bout calls this for every punch and the ratings seldom change.
-bool PunchRatingsChanged(const CFighter& fr, const std::array<float, 10>& cached) {
-  const auto bits = [](float v) { return std::bit_cast<uint32_t>(v); };
-  const uint32_t diff = (bits(fr.J3()) ^ bits(cached[0])) | (bits(fr.J2()) ^ bits(cached[1])) |
-                        (bits(fr.H3()) ^ bits(cached[2])) | (bits(fr.H2()) ^ bits(cached[3])) |
-                        (bits(fr.Cr3()) ^ bits(cached[4])) | (bits(fr.Cr2()) ^ bits(cached[5])) |
-                        (bits(fr.Cb3()) ^ bits(cached[6])) | (bits(fr.Cb2()) ^ bits(cached[7])) |
-                        (bits(fr.U3()) ^ bits(cached[8])) | (bits(fr.U2()) ^ bits(cached[9]));
-  return diff != 0;
-}
-
 }  // namespace
 
 int CFighterInFight::RatingsPassed(int32_t roll) const {
@@ -79,12 +65,14 @@ void CFighterInFight::RebuildPunchReach(const std::array<float, 10>& ratings) co
     sum = AddRounded(sum, ratings[i]);
     punch_reach_[i] = LastRollCovered(sum);
   }
-  punch_ratings_ = ratings;
 }
 
 int16_t CFighterInFight::PunchType(bool ForcePunch) const {
   const CFighter& fr = Record();
-  if (PunchRatingsChanged(fr, punch_ratings_)) RebuildPunchReach(PunchRatings(fr));
+  if (fr.PunchRatingsStamp() != punch_stamp_) {
+    RebuildPunchReach(PunchRatings(fr));
+    punch_stamp_ = fr.PunchRatingsStamp();
+  }
   IDice& dice = Dice();
   // The two cases apart, so that the common one never waits on whether the
   // draw found a punch (a branch no predictor can learn).

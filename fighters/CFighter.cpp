@@ -1,5 +1,7 @@
 #include "fighters/CFighter.h"
 
+#include <atomic>
+
 #include "core/Error.h"
 #include "core/Text.h"
 #include "store/NTitles.h"
@@ -43,35 +45,42 @@ float Accuracy(int32_t landed, int32_t missed) {
 
 }  // namespace
 
+void CFighter::SetPunchRating(float& field, float value) {
+  // One counter for every record of every thread keeps stamps unique.
+  static std::atomic<uint64_t> last_stamp{0};
+  SetProfile(field, NonNegative(value));
+  punch_stamp_ = last_stamp.fetch_add(1, std::memory_order_relaxed) + 1;
+}
+
 void CFighter::SetCb2(float value) {
-  SetProfile(cb2_, NonNegative(value));
+  SetPunchRating(cb2_, value);
 }
 void CFighter::SetCb3(float value) {
-  SetProfile(cb3_, NonNegative(value));
+  SetPunchRating(cb3_, value);
 }
 void CFighter::SetCr2(float value) {
-  SetProfile(cr2_, NonNegative(value));
+  SetPunchRating(cr2_, value);
 }
 void CFighter::SetCr3(float value) {
-  SetProfile(cr3_, NonNegative(value));
+  SetPunchRating(cr3_, value);
 }
 void CFighter::SetH2(float value) {
-  SetProfile(h2_, NonNegative(value));
+  SetPunchRating(h2_, value);
 }
 void CFighter::SetH3(float value) {
-  SetProfile(h3_, NonNegative(value));
+  SetPunchRating(h3_, value);
 }
 void CFighter::SetJ2(float value) {
-  SetProfile(j2_, NonNegative(value));
+  SetPunchRating(j2_, value);
 }
 void CFighter::SetJ3(float value) {
-  SetProfile(j3_, NonNegative(value));
+  SetPunchRating(j3_, value);
 }
 void CFighter::SetU2(float value) {
-  SetProfile(u2_, NonNegative(value));
+  SetPunchRating(u2_, value);
 }
 void CFighter::SetU3(float value) {
-  SetProfile(u3_, NonNegative(value));
+  SetPunchRating(u3_, value);
 }
 
 void CFighter::SetCu(int16_t value) {

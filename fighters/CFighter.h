@@ -293,6 +293,13 @@ class RINGBOOK_EXPORT CFighter : public Object {
   /// Component-internal: the flag of each section.
   bool ProfileDirty() const { return profile_dirty_; }
   bool CareerDirty() const { return career_dirty_; }
+  /// Component-internal: a stamp of the ten punch ratings, renewed by each of
+  /// their setters (and so by `Clone` of the profile). Stamps are never
+  /// reused, and a copy of a record carries its stamp with its ratings, so two
+  /// records with the same stamp hold the same ratings; a new record's stamp
+  /// is 0 with every rating 0. Lets a cache of the ratings tell it is current
+  /// without reading them.
+  uint64_t PunchRatingsStamp() const { return punch_stamp_; }
 
   /// Copies the chosen section(s) of this record into `Fighter` through its
   /// setters, so the target's rules apply and its flags are raised. The
@@ -313,6 +320,7 @@ class RINGBOOK_EXPORT CFighter : public Object {
     field = value;
     career_dirty_ = true;
   }
+  void SetPunchRating(float& field, float value);
   void RebuildFullName();
 
   int16_t active_retired_ = 0;
@@ -392,6 +400,7 @@ class RINGBOOK_EXPORT CFighter : public Object {
   std::shared_ptr<CHistory> history_;
 
   std::string full_name_;
+  uint64_t punch_stamp_ = 0;
   mutable bool profile_dirty_ = false;
   bool career_dirty_ = false;
 };
