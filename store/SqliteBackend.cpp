@@ -437,9 +437,63 @@ void Statement::Reset() {
 // ---------------------------------------------------------------------------
 // Connection
 
-int TableInfo::Find(const std::string& name) const {
-  for (std::size_t i = 0; i < Columns.size(); ++i) {
-    if (SameName(Columns[i].Name, name)) return static_cast<int>(i);
+namespace {
+
+bool IsAscii(std::string_view s) {
+  for (const char c : s) {
+    if (static_cast<unsigned char>(c) >= 0x80) return false;
+  }
+  return true;
+}
+
+char FoldAscii(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
+std::size_t ColumnIndex::Hash::operator()(std::string_view s) const noexcept {
+  // FNV-1a over the folded bytes.
+  std::size_t h = 14695981039346656037ull;
+  for (const char c : s) {
+    h ^= static_cast<unsigned char>(FoldAscii(c));
+    h *= 1099511628211ull;
+  }
+  return h;
+}
+
+bool ColumnIndex::Equal::operator()(std::string_view a, std::string_view b) const noexcept {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
+  }
+  return true;
+}
+
+void ColumnIndex::Build(const std::vector<std::string>& names) {
+  names_ = names;
+  by_name_.clear();
+  ascii_ = true;
+  for (const std::string& name : names_) {
+    if (!IsAscii(name)) {
+      ascii_ = false;
+      by_name_.clear();
+      return;
+    }
+  }
+  by_name_.reserve(names_.size());
+  for (std::size_t i = 0; i < names_.size(); ++i) {
+    by_name_.emplace(names_[i], static_cast<int>(i));
+  }
+}
+
+int ColumnIndex::Find(std::string_view name) const {
+  if (ascii_ && IsAscii(name)) {
+    const auto it = by_name_.find(name);
+    return it == by_name_.end() ? -1 : it->second;
+  }
+  for (std::size_t i = 0; i < names_.size(); ++i) {
+    if (text::CompareNoCase(names_[i], name) == 0) return static_cast<int>(i);
   }
   return -1;
 }
@@ -485,6 +539,10 @@ const TableInfo* Connection::Table(const std::string& name) {
   // Only an INTEGER PRIMARY KEY is the row's own number, which a new row
   // gets on insert.
   if (pk_count == 1 && pk_integer) info->KeyIndex = pk_index;
+  std::vector<std::string> names;
+  names.reserve(info->Columns.size());
+  for (const ColumnInfo& c : info->Columns) names.push_back(c.Name);
+  info->Index.Build(names);
   const TableInfo* result = info.get();
   tables_.emplace(key, std::move(info));
   return result;
@@ -610,6 +668,7 @@ SqliteRecordset::SqliteRecordset(std::shared_ptr<Connection> connection, QueryDe
     result_kinds_.push_back(kind);
     if (result_key_ < 0 && SameName(result_names_.back(), query_.KeyColumn)) result_key_ = i;
   }
+  result_index_.Build(result_names_);
   if (result_key_ < 0) {
     throw DbError(dberr::kEngine, "The query '" + query_.Name +
                                       "' does not return its key column '" + query_.KeyColumn +
@@ -897,10 +956,7 @@ const std::vector<Variant>& SqliteRecordset::CurrentRow() {
 }
 
 int SqliteRecordset::ResultColumn(const std::string& name) const {
-  for (std::size_t i = 0; i < result_names_.size(); ++i) {
-    if (SameName(result_names_[i], name)) return static_cast<int>(i);
-  }
-  return -1;
+  return result_index_.Find(name);
 }
 
 void SqliteRecordset::DropEdit() {

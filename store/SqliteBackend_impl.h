@@ -94,6 +94,32 @@ class Statement {
   sqlite3_stmt* stmt_ = nullptr;
 };
 
+/// Column names mapped to their positions without regard to case, built once
+/// so that a lookup by name costs one hash instead of a scan. Only names in
+/// ASCII are indexed (their case folds byte by byte); when any name is not,
+/// or the name looked up is not, `Find` compares with the library's full
+/// case folding one name after another, as before.
+class ColumnIndex {
+ public:
+  /// Indexes `names`; the first of equal names wins.
+  void Build(const std::vector<std::string>& names);
+  /// Position of `name` in the names given to `Build`; -1 when absent.
+  int Find(std::string_view name) const;
+
+ private:
+  struct Hash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view s) const noexcept;
+  };
+  struct Equal {
+    using is_transparent = void;
+    bool operator()(std::string_view a, std::string_view b) const noexcept;
+  };
+  std::vector<std::string> names_;
+  std::unordered_map<std::string, int, Hash, Equal> by_name_;
+  bool ascii_ = true;
+};
+
 /// One column of a table as the engine declares it.
 struct ColumnInfo {
   std::string Name;
@@ -106,7 +132,9 @@ struct TableInfo {
   std::vector<ColumnInfo> Columns;
   int KeyIndex = -1;
   /// Index of column `name` without regard to case; -1 when there is none.
-  int Find(const std::string& name) const;
+  /// Valid once `Index` is built from `Columns`.
+  int Find(const std::string& name) const { return Index.Find(name); }
+  ColumnIndex Index;
 };
 
 /// An open connection to one database file, shared by the `Database` object
@@ -217,6 +245,7 @@ class SqliteRecordset final : public Recordset {
   bool closed_ = false;
 
   std::vector<std::string> result_names_;
+  ColumnIndex result_index_;  // of result_names_
   std::vector<ColumnKind> result_kinds_;
   int result_key_ = -1;
 
