@@ -107,7 +107,7 @@ class BufferedFile {
   bool Flush();
 
  private:
-  static constexpr std::size_t kWindow = 64 * 1024;
+  static constexpr std::size_t kWindow = Window::kSize;
 
   std::size_t ReadSlow(void* out, std::size_t n);
   bool WriteSlow(const void* in, std::size_t n);

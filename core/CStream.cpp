@@ -203,12 +203,15 @@ std::string CStream::ReadChars(uint64_t count, const char* source) {
 
 std::string CStream::ReadStr(int32_t FixedLength) {
   if (FixedLength >= 1) return ReadChars(static_cast<uint64_t>(FixedLength), "Stream:ReadStr");
-  // Usually count and characters are both in the window already.
+  // Usually count and characters are both in the window already. (A count
+  // beyond the window's size never fits; checking that first also keeps the
+  // bounds arithmetic from overflowing.)
   const unsigned char* p;
-  if (file_->Take(4, p)) [[likely]] {
+  if (Fetch(4, p)) [[likely]] {
     const auto count = static_cast<int32_t>(coding::DecodeFixed32(p));
     if (count <= 0) return {};
-    if (file_->Take(static_cast<std::size_t>(count), p)) [[likely]] {
+    if (static_cast<std::size_t>(count) <= detail::StreamWindow::kSize &&
+        Fetch(static_cast<std::size_t>(count), p)) [[likely]] {
       const auto n = static_cast<std::size_t>(count);
       return IsAscii(p, n) ? std::string(reinterpret_cast<const char*>(p), n)
                            : text::FromAnsi({reinterpret_cast<const char*>(p), n});
@@ -326,21 +329,17 @@ void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
   // count and characters in one go when the window has room.
   const bool ascii = IsAscii(reinterpret_cast<const unsigned char*>(sStr.data()), sStr.size());
   unsigned char* p;
-  if (ascii && sStr.size() <= INT32_MAX) {
-    if (file_->Reserve(4 + sStr.size(), p)) [[likely]] {
-      coding::EncodeFixed32(p, static_cast<uint32_t>(sStr.size()));
-      std::memcpy(p + 4, sStr.data(), sStr.size());
-      return;
-    }
+  if (ascii && sStr.size() < detail::StreamWindow::kSize && Room(4 + sStr.size(), p)) [[likely]] {
+    coding::EncodeFixed32(p, static_cast<uint32_t>(sStr.size()));
+    std::memcpy(p + 4, sStr.data(), sStr.size());
+    return;
   }
   const std::string converted = ascii ? std::string() : text::ToAnsi(sStr);
   const std::string& bytes = ascii ? sStr : converted;
-  if (!ascii && bytes.size() <= INT32_MAX) {
-    if (file_->Reserve(4 + bytes.size(), p)) {
-      coding::EncodeFixed32(p, static_cast<uint32_t>(bytes.size()));
-      std::memcpy(p + 4, bytes.data(), bytes.size());
-      return;
-    }
+  if (!ascii && bytes.size() < detail::StreamWindow::kSize && Room(4 + bytes.size(), p)) {
+    coding::EncodeFixed32(p, static_cast<uint32_t>(bytes.size()));
+    std::memcpy(p + 4, bytes.data(), bytes.size());
+    return;
   }
   unsigned char b[4];
   coding::EncodeFixed32(b, static_cast<uint32_t>(bytes.size()));

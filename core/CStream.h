@@ -22,6 +22,7 @@ namespace detail {
 /// `len`; when the position lies outside the window it is `kDetached`, which
 /// fails every bounds check, and the file keeps the position itself.
 struct StreamWindow {
+  static constexpr std::size_t kSize = 64 * 1024;
   static constexpr std::size_t kDetached = SIZE_MAX / 2;
   unsigned char* base = nullptr;
   std::size_t pos = kDetached;
