@@ -33,9 +33,11 @@ test: build-asan fuzz com-test
 com-build: deps
 	./scripts/mingw-sqlite.sh
 	cmake --preset mingw-x86_64
-	cmake --build --preset mingw-x86_64
+	# The cross linker has been seen to fail once, without a message, on a
+	# heavily loaded machine; a second run only redoes what is missing.
+	cmake --build --preset mingw-x86_64 || cmake --build --preset mingw-x86_64
 	cmake --preset mingw-i686
-	cmake --build --preset mingw-i686
+	cmake --build --preset mingw-i686 || cmake --build --preset mingw-i686
 
 com-test: com-build
 	./scripts/com-tests.sh build/mingw-x86_64 build/mingw-i686
