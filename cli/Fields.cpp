@@ -163,6 +163,15 @@ Json FloatJson(float value) {
   return Json(shortest);
 }
 
+Json WholeOrText(const std::string& text) {
+  int64_t v = 0;
+  if (text.empty() || text.front() == '+' || !ParseWhole(text, v)) return Json(text);
+  if (v < std::numeric_limits<int32_t>::min() || v > std::numeric_limits<int32_t>::max()) {
+    return Json(text);
+  }
+  return Json(v);
+}
+
 std::string CellText(const Json& value) {
   if (value.is_null()) return "";
   if (value.is_string()) return value.get<std::string>();

@@ -63,6 +63,10 @@ Json CheckValue(FieldKind kind, const Json& value, const std::string& what);
 /// back as the same float.
 Json FloatJson(float value);
 
+/// A cell of one of the library's tab-separated texts: a whole number as a
+/// number (so it aligns and reads as one in JSON), anything else as text.
+Json WholeOrText(const std::string& text);
+
 /// A JSON value as one cell of a table: texts as they are, numbers in
 /// their shortest form, null as empty.
 std::string CellText(const Json& value);

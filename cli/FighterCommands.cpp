@@ -298,11 +298,7 @@ void AddHistory(CLI::App& cmd) {
         const std::string cell =
             line.substr(pos, tab == std::string::npos ? std::string::npos : tab - pos);
         pos = tab == std::string::npos ? line.size() : tab + 1;
-        if ((c == 5 || c == 6) && !cell.empty()) {
-          row.push_back(Json(std::stoi(cell)));
-        } else {
-          row.push_back(Json(cell));
-        }
+        row.push_back(c == 5 || c == 6 ? WholeOrText(cell) : Json(cell));
       }
       table.rows.push_back(std::move(row));
     }

@@ -1,8 +1,6 @@
 // `ringbook rankings`: the ranking of one group and division, by titles and
 // performance points or by performance points alone.
 #include <CLI/CLI.hpp>
-#include <cctype>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -29,18 +27,6 @@ std::vector<std::string> SplitTabs(const std::string& line) {
   }
 }
 
-// A cell that holds a whole number becomes one, so it aligns and reads as a
-// number in JSON; anything else ("UR", "3.50") stays text.
-Json Cell(const std::string& text) {
-  if (text.empty() || text.size() > 9) return Json(text);
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (!(std::isdigit(static_cast<unsigned char>(text[i])) || (i == 0 && text[i] == '-'))) {
-      return Json(text);
-    }
-  }
-  return text == "-" ? Json(text) : Json(std::stol(text));
-}
-
 // The ranking text of the fighter collection: per fighter a tab, rank,
 // performance, name, rating and style, each followed by a tab, then the
 // titles held, then CR LF.
@@ -55,7 +41,7 @@ Table RankingTable(const std::string& text) {
     std::vector<Json> row;
     for (std::size_t c = 1; c <= table.columns.size(); ++c) {
       const std::string cell = c < cells.size() ? cells[c] : std::string();
-      row.push_back(c == 2 ? Json(cell) : Cell(cell));
+      row.push_back(c == 2 ? Json(cell) : WholeOrText(cell));
     }
     table.rows.push_back(std::move(row));
   }

@@ -243,6 +243,37 @@ TEST_F(CliTest, SimpleRecordsAreAddedEditedShownAndRemoved) {
   EXPECT_EQ(fields[0], "ID\t12");
 }
 
+TEST_F(CliTest, TablesAlignByCharacterAndKeepEachRowOnOneLine) {
+  // Venue names with letters beyond ASCII ("Brøndby") still line up: the
+  // columns are counted in characters, not bytes.
+  const std::vector<std::string> table = Lines(Ok({"location", "list", "--era", "5"}));
+  ASSERT_GT(table.size(), 2u);
+  auto column = [](const std::string& line, const std::string& header_or_cell) {
+    const std::size_t at = line.find(header_or_cell);
+    std::size_t chars = 0;
+    for (std::size_t i = 0; i < at; ++i) chars += (line[i] & 0xC0) != 0x80;
+    return chars;
+  };
+  const std::size_t city = column(table[0], "City");
+  bool seen = false;
+  for (const std::string& line : table) {
+    if (line.find("Brøndby Hallen") == std::string::npos) continue;
+    seen = true;
+    EXPECT_EQ(column(line, "Brøndby  "), city) << line;
+  }
+  EXPECT_TRUE(seen);
+  // Numbers are right-aligned: the header of three-digit IDs is padded.
+  EXPECT_EQ(table[0].substr(0, 5), " ID  ");
+  EXPECT_EQ(table[1].substr(0, 3).find_first_not_of("0123456789"), std::string::npos) << table[1];
+
+  // A tab or line end inside a value would break the row.
+  Ok({"title", "add", "--name", "Belt\twith\ntabs"});
+  const std::vector<std::string> tsv = Lines(Ok({"--tsv", "title", "list"}));
+  ASSERT_EQ(tsv.size(), 19u);
+  EXPECT_EQ(tsv[1], "18\tBelt with tabs");
+  EXPECT_EQ(OkJson({"title", "show", "18"})["Name"], "Belt\twith\ntabs");
+}
+
 // ---- Fighters ----
 
 TEST_F(CliTest, FighterIsWrittenBySectionThroughTheRecordsRules) {
@@ -468,6 +499,49 @@ TEST_F(CliTest, OptionsFilesShowExportAndImport) {
   EXPECT_EQ(shown.find("FightCardBout"), std::string::npos);
   EXPECT_NE(Ok({"options", "show", File("options0.rbo")}).find("Octavio"), std::string::npos);
   ExpectFailure({"options", "show", "--style", "3"}, 2, "style 3 has no options file");
+}
+
+TEST_F(CliTest, ImportedOptionsKeepTheirDisplaySwitches) {
+  // Each display switch clears others when set; the values of a document
+  // that agree with each other come back as they were.
+  Json json = OkJson({"options", "export", "--style", "0"});
+  json["QuietDisplay"] = true;
+  json["AutoScroll"] = false;
+  json["ShowRingCard"] = false;
+  json["HometownFavorite"] = 2;
+  WriteAll(File("quiet.json"), json.dump());
+  Ok({"options", "import", File("quiet.json"), "-o", File("quiet.rbo")});
+  const Json back = OkJson({"options", "show", File("quiet.rbo")});
+  EXPECT_EQ(back["QuietDisplay"], true);
+  EXPECT_EQ(back["ShowRingCard"], false);
+  EXPECT_EQ(back["HometownFavorite"], 2);
+  Ok({"options", "import", File("quiet.json"), "-o", File("quiet2.rbo")});
+  EXPECT_EQ(ReadAll(File("quiet2.rbo")), ReadAll(File("quiet.rbo")));
+}
+
+TEST_F(CliTest, PreviewFollowsTheOptionsFileItIsGiven) {
+  AddSampleFighters();
+  // Fighter 1 is a heavyweight (17), fighter 7 a middleweight (13): with
+  // the weight-class adjustment the heavier man's Kdr1 rises by the four
+  // divisions between them, and nothing else in the dice changes.
+  Json json = OkJson({"options", "export", "--style", "0"});
+  json["AdjWeightClass"] = true;
+  WriteAll(File("on.json"), json.dump());
+  json["AdjWeightClass"] = false;
+  WriteAll(File("off.json"), json.dump());
+  Ok({"options", "import", File("on.json"), "-o", File("on.rbo")});
+  Ok({"options", "import", File("off.json"), "-o", File("off.rbo")});
+  auto kdr1 = [&](const std::string& options, const char* which) {
+    const Json p = OkJson({"preview", "1", "7", "--seed", "5", "--options", File(options)});
+    for (const Json& r : p["Ratings"]) {
+      if (r["Rating"] == "Kdr1") return r[which].get<int>();
+    }
+    ADD_FAILURE() << "no Kdr1";
+    return 0;
+  };
+  EXPECT_EQ(kdr1("on.rbo", "After1") - kdr1("off.rbo", "After1"), 4);
+  EXPECT_EQ(kdr1("on.rbo", "After2"), kdr1("off.rbo", "After2"));
+  ExpectFailure({"preview", "1", "7", "--options", File("gp.rbt")}, 1, "no such file");
 }
 
 // ---- The bout preview ----
