@@ -1,43 +1,49 @@
 // The fighter collection against the same work done straight on SQLite with
 // statements prepared once, over game databases of 1,000 and 100,000
-// fighters (20 groups, 15 divisions, so some 3 and 333 fighters in one group
-// and division; ratings 20 to 99, proficiency 0 to 100, performance points
-// for three fighters in four, a title for one in fifty). Fighter 1 has 50
-// fights.
+// fighters (20 groups, 15 divisions; ratings 20 to 99, proficiency 0 to
+// 100, performance points for three fighters in four, a title for one in
+// fifty). Fighter 1 has 50 fights.
+//
+// In both worlds the listed group and division holds 300 fighters and a
+// small one holds five; the others share the rest evenly (two or three each
+// among 1,000 fighters, some 330 among 100,000), so that the lists measure
+// the same work at both sizes.
 //
 // Targets: a single-fighter operation within 3x of its direct twin, and
 // within 1.5x of its own cost at 1,000 fighters when there are 100,000; the
 // list and ranking texts within 3x of theirs. Both sides use the same file,
 // write-ahead log, synchronous setting and memory mapping, one commit per
-// write.
+// write. Each benchmark is written once for both sides (`Library`,
+// `Direct`), which offer the same members.
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
+#include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "bench/BenchSupport.h"
 #include "core/DateTime.h"
 #include "core/DefaultLookup.h"
 #include "core/DefaultSettings.h"
 #include "core/DefaultUtility.h"
 #include "core/HostServices.h"
-#include "core/IListControl.h"
 #include "fighters/NFighters.h"
 #include "fighters/PerformanceText.h"
 #include "store/GameDatabase.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 using ringbook::CFighter;
 using ringbook::NFighters;
 using ringbook::Variant;
+using namespace ringbook::bench;
+namespace fs = std::filesystem;
 
 constexpr int kGroups = 20;
 constexpr int kDivisions = 15;
@@ -45,77 +51,56 @@ constexpr int kTitles = 20;
 constexpr int kHistoryFighter = 1;
 constexpr int kFights = 50;
 
+// The lists measured: a group and division of 300 fighters and one of five.
+struct Place {
+  int group;
+  int division;
+};
+constexpr Place kListed = {1, 0};
+constexpr int kListedSize = 300;
+constexpr Place kSmall = {kGroups, kDivisions - 1};
+constexpr int kSmallSize = 5;
+
 // ---- The worlds ----
 
-// Deterministic numbers for names and ratings.
-class Lcg {
- public:
-  explicit Lcg(uint64_t seed) : state_(seed) {}
-  uint32_t Next() {
-    state_ = state_ * 6364136223846793005ull + 1442695040888963407ull;
-    return static_cast<uint32_t>(state_ >> 33);
-  }
-  int Between(int low, int high) { return low + static_cast<int>(Next() % (high - low + 1)); }
-
- private:
-  uint64_t state_;
-};
-
-// The folder of the worlds, removed at exit. Never destroyed, so that the
-// removal registered while it is made can still read it.
-const fs::path& Folder() {
-  static const fs::path* dir = [] {
-    auto* d = new fs::path(fs::temp_directory_path() /
-                           ("ringbook-bench-fighters-" + std::to_string(::getpid())));
-    fs::create_directories(*d);
-    std::atexit([] {
-      std::error_code ec;
-      fs::remove_all(Folder(), ec);
-    });
-    return d;
-  }();
-  return *dir;
-}
-
-void Exec(sqlite3* db, const char* sql) {
-  char* message = nullptr;
-  if (sqlite3_exec(db, sql, nullptr, nullptr, &message) != SQLITE_OK) {
-    std::fprintf(stderr, "%s: %s\n", sql, message ? message : "");
-    std::abort();
-  }
-}
-
-sqlite3_stmt* Prepare(sqlite3* db, const std::string& sql) {
-  sqlite3_stmt* stmt = nullptr;
-  if (sqlite3_prepare_v3(db, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &stmt, nullptr) !=
-      SQLITE_OK) {
-    std::fprintf(stderr, "%s: %s\n", sql.c_str(), sqlite3_errmsg(db));
-    std::abort();
-  }
-  return stmt;
+const fs::path& Worlds() {
+  return Folder("fighters");
 }
 
 std::string NameOf(Lcg& rng) {
-  static const char* kSyllables[] = {"ka",  "ro",  "mi", "tan", "lee", "jo", "vas", "quez",
-                                     "son", "del", "ri", "mo",  "ber", "go", "ne",  "ty"};
-  std::string name;
-  const int parts = rng.Between(2, 3);
-  for (int i = 0; i < parts; ++i) name += kSyllables[rng.Next() % 16];
-  name[0] = static_cast<char>(name[0] - 'a' + 'A');
-  return name;
+  static const char* const kSyllables[16] = {"ka",  "ro",  "mi", "tan", "lee", "jo", "vas", "quez",
+                                             "son", "del", "ri", "mo",  "ber", "go", "ne",  "ty"};
+  return ringbook::bench::NameOf(rng, kSyllables);
+}
+
+// The group and division of fighter `id` in every world: the listed list
+// first, then the small one, then every other place in turn.
+Place PlaceOf(int32_t id) {
+  const int i = id - 1;
+  if (i < kListedSize) return kListed;
+  if (i < kListedSize + kSmallSize) return kSmall;
+  constexpr int kOthers = kGroups * kDivisions - 2;
+  int slot = (i - kListedSize - kSmallSize) % kOthers;
+  // Slots run over the places in order, skipping the two measured ones.
+  const int listed = (kListed.group - 1) * kDivisions + kListed.division;
+  const int small = (kSmall.group - 1) * kDivisions + kSmall.division;
+  for (const int skipped : {std::min(listed, small), std::max(listed, small)}) {
+    if (slot >= skipped) ++slot;
+  }
+  return {1 + slot / kDivisions, slot % kDivisions};
 }
 
 // Makes the game database of `count` fighters, once per process.
 std::string World(int count) {
   static std::map<int, std::string> worlds;
   if (auto it = worlds.find(count); it != worlds.end()) return it->second;
-  const std::string path = (Folder() / ("world-" + std::to_string(count) + ".db")).string();
+  const std::string path = (Worlds() / ("world-" + std::to_string(count) + ".db")).string();
   ringbook::CreateGameDatabase(path);
   sqlite3* db = nullptr;
   sqlite3_open(path.c_str(), &db);
   Exec(db, "BEGIN");
   for (int t = 1; t <= kTitles; ++t) {
-    Exec(db, ("INSERT INTO Titles (Name) VALUES ('Title " + std::to_string(t) + "')").c_str());
+    Exec(db, "INSERT INTO Titles (Name) VALUES ('Title " + std::to_string(t) + "')");
   }
   sqlite3_stmt* insert = Prepare(
       db,
@@ -127,13 +112,14 @@ std::string World(int count) {
       "?28, ?29, ?30, ?31, ?32, ?33, ?34, '')");
   Lcg rng(static_cast<uint64_t>(count));
   for (int i = 0; i < count; ++i) {
+    const Place place = PlaceOf(i + 1);
     int c = 0;
-    sqlite3_bind_int(insert, ++c, 1 + i % kGroups);
+    sqlite3_bind_int(insert, ++c, place.group);
     const std::string first = NameOf(rng), last = NameOf(rng);
     sqlite3_bind_text(insert, ++c, first.c_str(), -1, SQLITE_TRANSIENT);
     sqlite3_bind_text(insert, ++c, last.c_str(), -1, SQLITE_TRANSIENT);
     sqlite3_bind_text(insert, ++c, rng.Next() % 4 == 0 ? "Kid" : "", -1, SQLITE_STATIC);
-    sqlite3_bind_int(insert, ++c, (i / kGroups) % kDivisions);
+    sqlite3_bind_int(insert, ++c, place.division);
     sqlite3_bind_int(insert, ++c, rng.Between(20, 99));
     sqlite3_bind_int(insert, ++c, rng.Between(0, 4));
     sqlite3_bind_int(insert, ++c, rng.Next() % 10 == 0);
@@ -163,19 +149,18 @@ std::string World(int count) {
         champion ? "|" + std::to_string(rng.Between(1, kTitles)) + "|" : std::string();
     sqlite3_bind_text(insert, ++c, titles.c_str(), -1, SQLITE_TRANSIENT);
     sqlite3_bind_int(insert, ++c, champion ? 1 : 0);
-    sqlite3_step(insert);
+    Step(db, insert);
     sqlite3_reset(insert);
   }
   sqlite3_finalize(insert);
   for (int f = 0; f < kFights; ++f) {
-    const std::string sql =
-        "INSERT INTO FightHistories (FighterID, Division, \"Date\", Opponent, WonLostDraw, "
-        "Decision, LastRound, ScheduledRounds, Notes) VALUES (" +
-        std::to_string(kHistoryFighter) + ", 'Middleweight', " +
-        std::to_string(ringbook::DateFromParts(1990 + f / 4, 1 + f % 12, 1 + f % 28)) +
-        ", 'Opponent " + std::to_string(f) + "', 'Won', 'KO', " + std::to_string(1 + f % 12) +
-        ", 12, 'Notes of fight " + std::to_string(f) + "')";
-    Exec(db, sql.c_str());
+    Exec(db,
+         "INSERT INTO FightHistories (FighterID, Division, \"Date\", Opponent, WonLostDraw, "
+         "Decision, LastRound, ScheduledRounds, Notes) VALUES (" +
+             std::to_string(kHistoryFighter) + ", 'Middleweight', " +
+             std::to_string(ringbook::DateFromParts(1990 + f / 4, 1 + f % 12, 1 + f % 28)) +
+             ", 'Opponent " + std::to_string(f) + "', 'Won', 'KO', " + std::to_string(1 + f % 12) +
+             ", 12, 'Notes of fight " + std::to_string(f) + "')");
   }
   Exec(db, "COMMIT");
   sqlite3_close(db);
@@ -186,40 +171,38 @@ std::string World(int count) {
 // Points the thread's settings at the world of `count` fighters.
 void Use(int count) {
   ringbook::SetSettings(
-      std::make_shared<ringbook::DefaultSettings>(World(count), Folder().string()));
+      std::make_shared<ringbook::DefaultSettings>(World(count), Worlds().string()));
 }
 
-// A list control that only keeps its items.
-class VectorList : public ringbook::IListControl {
+// ---- The library side ----
+
+// The collection over the world of `count` fighters, no list bound but for
+// the fills.
+class Library {
  public:
-  bool IsListBox() const override { return true; }
-  void Clear() override { items_.clear(); }
-  void AddItem(const std::string& text, int32_t index = -1) override {
-    if (index < 0) index = static_cast<int32_t>(items_.size());
-    items_.insert(items_.begin() + index, Item{text, 0});
-    new_index_ = index;
+  explicit Library(int count) {
+    Use(count);
+    fighters_ = std::make_unique<NFighters>();
   }
-  int32_t NewIndex() const override { return new_index_; }
-  int32_t ItemData(int32_t index) const override { return items_[index].data; }
-  void SetItemData(int32_t index, int32_t value) override { items_[index].data = value; }
-  Variant ItemTag(int32_t) const override { return Variant(); }
-  void SetItemTag(int32_t, const Variant&) override {}
-  int32_t ListCount() const override { return static_cast<int32_t>(items_.size()); }
-  int32_t ListIndex() const override { return -1; }
-  void SetListIndex(int32_t) override {}
-  bool Selected(int32_t) const override { return false; }
-  void SetSelected(int32_t, bool) override {}
-  void RemoveItem(int32_t index) override { items_.erase(items_.begin() + index); }
-  void Refresh() override {}
-  void SetFontBold(bool) override {}
+
+  std::shared_ptr<CFighter> Item(int32_t id) { return fighters_->Item(id); }
+  void Add(const std::shared_ptr<CFighter>& f) { fighters_->AddRecord(f, false); }
+  void UpdateProfile(const std::shared_ptr<CFighter>& f) {
+    fighters_->UpdatePartialRecord(f, ringbook::ersProfile);
+  }
+  void UpdateCareer(const std::shared_ptr<CFighter>& f) {
+    fighters_->UpdatePartialRecord(f, ringbook::ersCareer);
+  }
+  void FillList(const std::shared_ptr<VectorList>& list, int group, int division) {
+    fighters_->FillList(Variant(list), group, static_cast<int16_t>(division));
+  }
+  std::string RankingList(int group, int division) {
+    return fighters_->GetRankingList(group, static_cast<int16_t>(division));
+  }
+  std::string HistoryList(int32_t id) { return fighters_->GetHistoryList(id); }
 
  private:
-  struct Item {
-    std::string text;
-    int32_t data;
-  };
-  std::vector<Item> items_;
-  int32_t new_index_ = -1;
+  std::unique_ptr<NFighters> fighters_;
 };
 
 // ---- The direct side ----
@@ -263,11 +246,6 @@ const std::vector<ColumnRef> kCareerNumbers = {
 #undef RB_I2
 #undef RB_I4
 #undef RB_R4
-
-std::string Text(sqlite3_stmt* s, int i) {
-  const unsigned char* t = sqlite3_column_text(s, i);
-  return t ? reinterpret_cast<const char*>(t) : "";
-}
 
 // Column lists and placeholders for the statements below.
 std::string ProfileList(bool assign, int& n) {
@@ -324,15 +302,12 @@ int BindCareer(sqlite3_stmt* s, const CFighter& f, int i) {
   return i;
 }
 
-// The same world through one connection and statements prepared once.
+// The same world through one connection and statements prepared once, with
+// the members of `Library`.
 class Direct {
  public:
-  explicit Direct(int count) {
-    sqlite3_open_v2(World(count).c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr);
-    // The library's connection settings: write-ahead log (kept in the
-    // file), synchronous NORMAL, the file mapped into memory.
-    Exec(db_, "PRAGMA synchronous = NORMAL");
-    Exec(db_, "PRAGMA mmap_size = 1073741824");
+  explicit Direct(int count) : db_(OpenDirect(World(count))) {
+    Use(count);  // the lookup texts of the ranking
     int n = 0;
     item_ = Prepare(db_, "SELECT FighterID, " + ProfileList(false, n) + ", " +
                              CareerList(false, n) + " FROM Fighters WHERE FighterID = ?1");
@@ -375,6 +350,8 @@ class Direct {
                        "ScheduledRounds, Notes, FighterID, HistoryID FROM FightHistories WHERE "
                        "FighterID = ?1 ORDER BY \"Date\" DESC, HistoryID DESC");
   }
+  Direct(const Direct&) = delete;
+  Direct& operator=(const Direct&) = delete;
   ~Direct() {
     for (sqlite3_stmt* s : {item_, insert_, update_profile_, update_career_, insert_history_,
                             group_, ranked_, title_, history_}) {
@@ -409,24 +386,27 @@ class Direct {
     return f;
   }
 
-  void Add(CFighter& f) {
+  void Add(const std::shared_ptr<CFighter>& fighter) {
+    CFighter& f = *fighter;
     BindCareer(insert_, f, BindProfile(insert_, f, 0));
-    sqlite3_step(insert_);
+    Step(db_, insert_);
     sqlite3_reset(insert_);
     f.SetID(static_cast<int32_t>(sqlite3_last_insert_rowid(db_)));
   }
 
-  void UpdateProfile(const CFighter& f) {
+  void UpdateProfile(const std::shared_ptr<CFighter>& fighter) {
+    const CFighter& f = *fighter;
     const int n = BindProfile(update_profile_, f, 0);
     sqlite3_bind_int(update_profile_, n + 1, f.ID());
-    sqlite3_step(update_profile_);
+    Step(db_, update_profile_);
     sqlite3_reset(update_profile_);
   }
 
-  void UpdateCareer(const CFighter& f) {
+  void UpdateCareer(const std::shared_ptr<CFighter>& fighter) {
+    const CFighter& f = *fighter;
     const int n = BindCareer(update_career_, f, 0);
     sqlite3_bind_int(update_career_, n + 1, f.ID());
-    sqlite3_step(update_career_);
+    Step(db_, update_career_);
     sqlite3_reset(update_career_);
     const ringbook::CHistory& h = *f.History();
     sqlite3_stmt* s = insert_history_;
@@ -439,11 +419,12 @@ class Direct {
     sqlite3_bind_int(s, 7, h.LastRound());
     sqlite3_bind_int(s, 8, h.ScheduledRounds());
     sqlite3_bind_text(s, 9, h.Notes().c_str(), -1, SQLITE_TRANSIENT);
-    sqlite3_step(s);
+    Step(db_, s);
     sqlite3_reset(s);
   }
 
-  void FillList(ringbook::IListControl& list, int group, int division) {
+  void FillList(const std::shared_ptr<VectorList>& to, int group, int division) {
+    VectorList& list = *to;
     list.Clear();
     sqlite3_bind_int(group_, 1, group);
     sqlite3_bind_int(group_, 2, division);
@@ -567,164 +548,109 @@ int32_t SomeFighter(Lcg& rng, int count) {
 // Makes `f` fighter `id` of the world, in the group and division he was
 // made in, so that profile saves leave the lists as they were.
 void BecomeFighter(CFighter& f, int32_t id) {
+  const Place place = PlaceOf(id);
   f.SetID(id);
-  f.SetGroupID(std::to_string(1 + (id - 1) % kGroups));
-  f.SetDivision(static_cast<int16_t>(((id - 1) / kGroups) % kDivisions));
+  f.SetGroupID(std::to_string(place.group));
+  f.SetDivision(static_cast<int16_t>(place.division));
 }
 
-// ---- Benchmarks ----
+// ---- Benchmarks, each for both sides ----
 
+template <class Side>
 void BM_Item(benchmark::State& state) {
   const int count = static_cast<int>(state.range(0));
-  Use(count);
-  NFighters fighters;
+  Side side(count);
   Lcg rng(7);
-  for (auto _ : state) benchmark::DoNotOptimize(fighters.Item(SomeFighter(rng, count)));
+  for (auto _ : state) {
+    Measured([&] { benchmark::DoNotOptimize(side.Item(SomeFighter(rng, count))); });
+  }
 }
 
-void BM_Item_Direct(benchmark::State& state) {
-  const int count = static_cast<int>(state.range(0));
-  Direct direct(count);
-  Lcg rng(7);
-  for (auto _ : state) benchmark::DoNotOptimize(direct.Item(SomeFighter(rng, count)));
-}
-
+template <class Side>
 void BM_AddRecord(benchmark::State& state) {
-  Use(static_cast<int>(state.range(0)));
-  NFighters fighters;
+  Side side(static_cast<int>(state.range(0)));
   Lcg rng(11);
   for (auto _ : state) {
     state.PauseTiming();
     auto f = NewFighter(rng);
     state.ResumeTiming();
-    fighters.AddRecord(f, false);
+    Measured([&] { side.Add(f); });
   }
 }
 
-void BM_AddRecord_Direct(benchmark::State& state) {
-  Direct direct(static_cast<int>(state.range(0)));
-  Lcg rng(11);
-  for (auto _ : state) {
-    state.PauseTiming();
-    auto f = NewFighter(rng);
-    state.ResumeTiming();
-    direct.Add(*f);
-  }
-}
-
-void BM_UpdatePartialRecord_Profile(benchmark::State& state) {
+// A profile save (the fighter keeps his place) or a career save with a new
+// fight, of a fighter picked at random.
+template <class Side, bool Career>
+void BM_UpdatePartialRecord(benchmark::State& state) {
   const int count = static_cast<int>(state.range(0));
-  Use(count);
-  NFighters fighters;
-  Lcg rng(13);
+  Side side(count);
+  Lcg rng(Career ? 17 : 13);
   auto f = NewFighter(rng);
   for (auto _ : state) {
-    BecomeFighter(*f, SomeFighter(rng, count));
-    f->SetRating(static_cast<int16_t>(rng.Between(20, 99)));
-    fighters.UpdatePartialRecord(f, ringbook::ersProfile);
+    if constexpr (Career) {
+      f->SetID(SomeFighter(rng, count));
+      f->SetWon(f->Won() + 1);
+      f->SetHistory(Fight(rng));
+      Measured([&] { side.UpdateCareer(f); });
+    } else {
+      BecomeFighter(*f, SomeFighter(rng, count));
+      f->SetRating(static_cast<int16_t>(rng.Between(20, 99)));
+      Measured([&] { side.UpdateProfile(f); });
+    }
   }
 }
 
-void BM_UpdatePartialRecord_Profile_Direct(benchmark::State& state) {
-  const int count = static_cast<int>(state.range(0));
-  Direct direct(count);
-  Lcg rng(13);
-  auto f = NewFighter(rng);
-  for (auto _ : state) {
-    BecomeFighter(*f, SomeFighter(rng, count));
-    f->SetRating(static_cast<int16_t>(rng.Between(20, 99)));
-    direct.UpdateProfile(*f);
-  }
-}
-
-void BM_UpdatePartialRecord_CareerWithFight(benchmark::State& state) {
-  const int count = static_cast<int>(state.range(0));
-  Use(count);
-  NFighters fighters;
-  Lcg rng(17);
-  auto f = NewFighter(rng);
-  for (auto _ : state) {
-    f->SetID(SomeFighter(rng, count));
-    f->SetWon(f->Won() + 1);
-    f->SetHistory(Fight(rng));
-    fighters.UpdatePartialRecord(f, ringbook::ersCareer);
-  }
-}
-
-void BM_UpdatePartialRecord_CareerWithFight_Direct(benchmark::State& state) {
-  const int count = static_cast<int>(state.range(0));
-  Direct direct(count);
-  Lcg rng(17);
-  auto f = NewFighter(rng);
-  for (auto _ : state) {
-    f->SetID(SomeFighter(rng, count));
-    f->SetWon(f->Won() + 1);
-    f->SetHistory(Fight(rng));
-    direct.UpdateCareer(*f);
-  }
-}
-
+template <class Side, const Place& List>
 void BM_FillList(benchmark::State& state) {
-  Use(static_cast<int>(state.range(0)));
-  NFighters fighters;
+  Side side(static_cast<int>(state.range(0)));
   auto list = std::make_shared<VectorList>();
-  fighters.BindTo(list);
   for (auto _ : state) {
-    fighters.FillList(Variant(), 1, 0);
+    Measured([&] { side.FillList(list, List.group, List.division); });
     benchmark::DoNotOptimize(list->ListCount());
   }
   state.counters["items"] = list->ListCount();
 }
 
-void BM_FillList_Direct(benchmark::State& state) {
-  Direct direct(static_cast<int>(state.range(0)));
-  VectorList list;
-  for (auto _ : state) {
-    direct.FillList(list, 1, 0);
-    benchmark::DoNotOptimize(list.ListCount());
-  }
-  state.counters["items"] = list.ListCount();
-}
-
+template <class Side>
 void BM_GetRankingList(benchmark::State& state) {
-  Use(static_cast<int>(state.range(0)));
-  NFighters fighters;
-  for (auto _ : state) benchmark::DoNotOptimize(fighters.GetRankingList(1, 0));
+  Side side(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    Measured([&] { benchmark::DoNotOptimize(side.RankingList(kListed.group, kListed.division)); });
+  }
 }
 
-void BM_GetRankingList_Direct(benchmark::State& state) {
-  Use(static_cast<int>(state.range(0)));
-  Direct direct(static_cast<int>(state.range(0)));
-  for (auto _ : state) benchmark::DoNotOptimize(direct.RankingList(1, 0));
-}
-
+template <class Side>
 void BM_GetHistoryList(benchmark::State& state) {
-  Use(static_cast<int>(state.range(0)));
-  NFighters fighters;
-  for (auto _ : state) benchmark::DoNotOptimize(fighters.GetHistoryList(kHistoryFighter));
+  Side side(static_cast<int>(state.range(0)));
+  for (auto _ : state) {
+    Measured([&] { benchmark::DoNotOptimize(side.HistoryList(kHistoryFighter)); });
+  }
 }
 
-void BM_GetHistoryList_Direct(benchmark::State& state) {
-  Direct direct(static_cast<int>(state.range(0)));
-  for (auto _ : state) benchmark::DoNotOptimize(direct.HistoryList(kHistoryFighter));
+// Each benchmark as "BM_<name>" for the library and "BM_<name>_Direct"
+// beside it, at both world sizes.
+template <class Function>
+void Register(const std::string& name, Function library, Function direct) {
+  for (const auto& [suffix, function] : {std::pair{"", library}, std::pair{"_Direct", direct}}) {
+    benchmark::RegisterBenchmark((name + suffix).c_str(), function)
+        ->Arg(1000)
+        ->Arg(100000)
+        ->Unit(benchmark::kMicrosecond);
+  }
 }
 
-#define RB_FIGHTERS_BENCH(name) \
-  BENCHMARK(name)->Arg(1000)->Arg(100000)->Unit(benchmark::kMicrosecond)
-RB_FIGHTERS_BENCH(BM_Item);
-RB_FIGHTERS_BENCH(BM_Item_Direct);
-RB_FIGHTERS_BENCH(BM_AddRecord);
-RB_FIGHTERS_BENCH(BM_AddRecord_Direct);
-RB_FIGHTERS_BENCH(BM_UpdatePartialRecord_Profile);
-RB_FIGHTERS_BENCH(BM_UpdatePartialRecord_Profile_Direct);
-RB_FIGHTERS_BENCH(BM_UpdatePartialRecord_CareerWithFight);
-RB_FIGHTERS_BENCH(BM_UpdatePartialRecord_CareerWithFight_Direct);
-RB_FIGHTERS_BENCH(BM_FillList);
-RB_FIGHTERS_BENCH(BM_FillList_Direct);
-RB_FIGHTERS_BENCH(BM_GetRankingList);
-RB_FIGHTERS_BENCH(BM_GetRankingList_Direct);
-RB_FIGHTERS_BENCH(BM_GetHistoryList);
-RB_FIGHTERS_BENCH(BM_GetHistoryList_Direct);
-#undef RB_FIGHTERS_BENCH
+const bool kRegistered = [] {
+  Register("BM_Item", BM_Item<Library>, BM_Item<Direct>);
+  Register("BM_AddRecord", BM_AddRecord<Library>, BM_AddRecord<Direct>);
+  Register("BM_UpdatePartialRecord_Profile", BM_UpdatePartialRecord<Library, false>,
+           BM_UpdatePartialRecord<Direct, false>);
+  Register("BM_UpdatePartialRecord_CareerWithFight", BM_UpdatePartialRecord<Library, true>,
+           BM_UpdatePartialRecord<Direct, true>);
+  Register("BM_FillList", BM_FillList<Library, kListed>, BM_FillList<Direct, kListed>);
+  Register("BM_FillList_Small", BM_FillList<Library, kSmall>, BM_FillList<Direct, kSmall>);
+  Register("BM_GetRankingList", BM_GetRankingList<Library>, BM_GetRankingList<Direct>);
+  Register("BM_GetHistoryList", BM_GetHistoryList<Library>, BM_GetHistoryList<Direct>);
+  return true;
+}();
 
 }  // namespace

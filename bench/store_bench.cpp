@@ -14,7 +14,6 @@
 // benchmarks time each call by hand).
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <cstdint>
@@ -27,6 +26,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/BenchSupport.h"
 #include "core/DefaultSettings.h"
 #include "core/HostServices.h"
 #include "core/IListControl.h"
@@ -40,6 +40,7 @@ namespace fs = std::filesystem;
 using ringbook::CJudge;
 using ringbook::NJudges;
 using ringbook::Variant;
+using namespace ringbook::bench;
 
 constexpr int kEras = 7;
 constexpr int kListedEra = 3;
@@ -51,69 +52,14 @@ constexpr const char* kJudgesQuery =
 
 // ---- The worlds ----
 
-// Deterministic numbers for names and values.
-class Lcg {
- public:
-  explicit Lcg(uint64_t seed) : state_(seed) {}
-  uint32_t Next() {
-    state_ = state_ * 6364136223846793005ull + 1442695040888963407ull;
-    return static_cast<uint32_t>(state_ >> 33);
-  }
-  int Below(int bound) { return static_cast<int>(Next() % static_cast<uint32_t>(bound)); }
-
- private:
-  uint64_t state_;
-};
+const fs::path& Worlds() {
+  return Folder("store");
+}
 
 std::string NameOf(Lcg& rng) {
-  static const char* kSyllables[] = {"ha", "ri", "mon", "ta",  "ke", "lo", "vin", "dra",
-                                     "su", "el", "bo",  "rak", "ni", "ga", "tor", "pe"};
-  std::string name;
-  const int parts = 2 + rng.Below(2);
-  for (int i = 0; i < parts; ++i) name += kSyllables[rng.Below(16)];
-  name[0] = static_cast<char>(name[0] - 'a' + 'A');
-  return name;
-}
-
-// The folder of the worlds, removed at exit. Never destroyed, so that the
-// removal registered while it is made can still read it.
-const fs::path& Folder() {
-  static const fs::path* dir = [] {
-    auto* d = new fs::path(fs::temp_directory_path() /
-                           ("ringbook-bench-store-" + std::to_string(::getpid())));
-    fs::create_directories(*d);
-    std::atexit([] {
-      std::error_code ec;
-      fs::remove_all(Folder(), ec);
-    });
-    return d;
-  }();
-  return *dir;
-}
-
-void Exec(sqlite3* db, const char* sql) {
-  char* message = nullptr;
-  if (sqlite3_exec(db, sql, nullptr, nullptr, &message) != SQLITE_OK) {
-    std::fprintf(stderr, "%s: %s\n", sql, message ? message : "");
-    std::abort();
-  }
-}
-
-sqlite3_stmt* Prepare(sqlite3* db, const char* sql) {
-  sqlite3_stmt* stmt = nullptr;
-  if (sqlite3_prepare_v3(db, sql, -1, SQLITE_PREPARE_PERSISTENT, &stmt, nullptr) != SQLITE_OK) {
-    std::fprintf(stderr, "%s: %s\n", sql, sqlite3_errmsg(db));
-    std::abort();
-  }
-  return stmt;
-}
-
-void Step(sqlite3* db, sqlite3_stmt* stmt) {
-  const int rc = sqlite3_step(stmt);
-  if (rc != SQLITE_DONE && rc != SQLITE_ROW) {
-    std::fprintf(stderr, "%s\n", sqlite3_errmsg(db));
-    std::abort();
-  }
+  static const char* const kSyllables[16] = {"ha", "ri", "mon", "ta",  "ke", "lo", "vin", "dra",
+                                             "su", "el", "bo",  "rak", "ni", "ga", "tor", "pe"};
+  return ringbook::bench::NameOf(rng, kSyllables);
 }
 
 // A new game database of `count` judges, for side `side` ("store" or
@@ -124,7 +70,7 @@ std::string World(const char* side, int count) {
   const auto id = std::make_pair(std::string(side), count);
   if (auto it = worlds.find(id); it != worlds.end()) return it->second;
   const std::string path =
-      (Folder() / (std::string(side) + "-" + std::to_string(count) + ".db")).string();
+      (Worlds() / (std::string(side) + "-" + std::to_string(count) + ".db")).string();
   ringbook::CreateGameDatabase(path);
   sqlite3* db = nullptr;
   sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READWRITE, nullptr);
@@ -151,57 +97,15 @@ std::string World(const char* side, int count) {
 // Points the thread's settings at the store's world of `count` judges.
 void UseStoreWorld(int count) {
   ringbook::SetSettings(
-      std::make_shared<ringbook::DefaultSettings>(World("store", count), Folder().string()));
+      std::make_shared<ringbook::DefaultSettings>(World("store", count), Worlds().string()));
 }
-
-// A list box that only keeps its items' texts and data.
-class VectorList : public ringbook::IListControl {
- public:
-  bool IsListBox() const override { return true; }
-  void Clear() override { items_.clear(); }
-  void AddItem(const std::string& text, int32_t index = -1) override {
-    if (index < 0) index = static_cast<int32_t>(items_.size());
-    items_.insert(items_.begin() + index, Item{text, 0});
-    new_index_ = index;
-  }
-  int32_t NewIndex() const override { return new_index_; }
-  int32_t ItemData(int32_t index) const override { return items_[index].data; }
-  void SetItemData(int32_t index, int32_t value) override { items_[index].data = value; }
-  Variant ItemTag(int32_t) const override { return Variant(); }
-  void SetItemTag(int32_t, const Variant&) override {}
-  int32_t ListCount() const override { return static_cast<int32_t>(items_.size()); }
-  int32_t ListIndex() const override { return -1; }
-  void SetListIndex(int32_t) override {}
-  bool Selected(int32_t) const override { return false; }
-  void SetSelected(int32_t, bool) override {}
-  void RemoveItem(int32_t index) override { items_.erase(items_.begin() + index); }
-  void Refresh() override {}
-  void SetFontBold(bool) override {}
-
- private:
-  struct Item {
-    std::string text;
-    int32_t data;
-  };
-  std::vector<Item> items_;
-  int32_t new_index_ = -1;
-};
 
 // ---- The direct side ----
-
-std::string Text(sqlite3_stmt* s, int i) {
-  const unsigned char* t = sqlite3_column_text(s, i);
-  return t ? reinterpret_cast<const char*>(t) : "";
-}
 
 // The same work through one connection and statements prepared once.
 class Direct {
  public:
-  explicit Direct(int count) {
-    sqlite3_open_v2(World("direct", count).c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr);
-    sqlite3_busy_timeout(db_, 500);
-    Exec(db_, "PRAGMA synchronous = NORMAL");
-    Exec(db_, "PRAGMA mmap_size = 1073741824");
+  explicit Direct(int count) : db_(OpenDirect(World("direct", count))) {
     item_ = Prepare(
         db_, "SELECT JudgeID, FirstName, LastName, Era, Bias FROM Judges WHERE JudgeID = ?1");
     insert_ =
@@ -297,15 +201,6 @@ std::shared_ptr<CJudge> NewJudge(Lcg& rng, int32_t id = 0) {
 // One of the judges the world was made with (never removed).
 int32_t SomeJudge(Lcg& rng, int count) {
   return 1 + rng.Below(count);
-}
-
-// Runs `work`. Kept out of line so that an instruction count can be taken
-// of the measured work alone, free of the machine's load:
-//   valgrind --tool=callgrind --collect-atstart=no --toggle-collect='*Measured*'
-//     store_bench --benchmark_filter=... --benchmark_min_time=0.01
-template <class Work>
-[[gnu::noinline]] void Measured(Work&& work) {
-  work();
 }
 
 // Runs `work` and gives its wall time in seconds.
