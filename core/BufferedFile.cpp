@@ -62,7 +62,7 @@ bool BufferedFile::Open(const std::string& path, Mode mode, int& error) {
   size_ = size;
   window_.resize(kWindow);
   w_.base = window_.data();
-  w_.room = writable_ ? kWindow : 0;
+  w_.room = 0;
   w_.len = 0;
   w_.dirty_lo = SIZE_MAX;
   window_start_ = 0;
@@ -84,6 +84,7 @@ bool BufferedFile::Close() {
 }
 
 bool BufferedFile::Flush() {
+  w_.room = 0;  // the window is clean again: the next write re-arms
   if (file_ == nullptr || w_.dirty_lo >= w_.len) {
     w_.dirty_lo = SIZE_MAX;
     return true;

@@ -48,6 +48,7 @@ class BufferedFile {
   void Seek(uint64_t pos) {
     if (file_ != nullptr && pos >= window_start_ && pos - window_start_ <= w_.len) {
       w_.pos = static_cast<std::size_t>(pos - window_start_);
+      if (w_.pos < w_.dirty_lo) w_.room = 0;  // below the dirty bytes: writes re-arm
     } else {
       Detach(pos);
     }
@@ -82,8 +83,9 @@ class BufferedFile {
   /// in before the next call. Otherwise returns false and does not move.
   bool Reserve(std::size_t n, unsigned char*& p) {
     const std::size_t pos = w_.pos;
-    if (w_.room != 0 && pos <= w_.len && n <= w_.room - pos) {
+    if (writable_ && pos <= w_.len && n <= kWindow - pos) {
       if (pos < w_.dirty_lo) w_.dirty_lo = pos;
+      w_.room = kWindow;  // every byte from here on is dirty: inline writes may go on
       w_.pos = pos + n;
       if (w_.pos > w_.len) w_.len = w_.pos;
       p = w_.base + pos;
@@ -118,6 +120,7 @@ class BufferedFile {
   void Detach(uint64_t pos) {
     detached_pos_ = pos;
     w_.pos = Window::kDetached;
+    w_.room = 0;
   }
 
   Window& w_;

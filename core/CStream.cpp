@@ -40,20 +40,6 @@ std::string SystemText(int error) {
   PostError(errnum::kStreamWrite, source, "Write Error: ");
 }
 
-// Plain ASCII text is its own Windows-1252 form; checked eight bytes at a time.
-bool IsAscii(const unsigned char* p, std::size_t n) {
-  std::size_t i = 0;
-  for (; i + 8 <= n; i += 8) {
-    uint64_t word;
-    std::memcpy(&word, p + i, 8);
-    if ((word & 0x8080808080808080ull) != 0) return false;
-  }
-  for (; i < n; ++i) {
-    if (p[i] >= 0x80) return false;
-  }
-  return true;
-}
-
 }  // namespace
 
 CStream::CStream() : file_(std::make_unique<BufferedFile>(win_)) {}
@@ -179,7 +165,7 @@ float CStream::ReadSngSlow() {
   return coding::FloatFromBits(coding::DecodeFixed32(b));
 }
 
-std::string CStream::ReadChars(uint64_t count, const char* source) {
+[[gnu::noinline]] std::string CStream::ReadChars(uint64_t count, const char* source) {
   // Usually the whole text is in the buffer window already, and most texts
   // are plain ASCII: then it is copied once, straight into the result.
   if (count <= SIZE_MAX) {
@@ -187,7 +173,7 @@ std::string CStream::ReadChars(uint64_t count, const char* source) {
     if (file_->Take(static_cast<std::size_t>(count), p)) {
       const std::string_view bytes(reinterpret_cast<const char*>(p),
                                    static_cast<std::size_t>(count));
-      return IsAscii(p, bytes.size()) ? std::string(bytes) : text::FromAnsi(bytes);
+      return text::FromAnsi(bytes);
     }
   }
   // Never allocate more than the file still holds, whatever a damaged count says.
@@ -202,27 +188,29 @@ std::string CStream::ReadChars(uint64_t count, const char* source) {
 }
 
 std::string CStream::ReadStr(int32_t FixedLength) {
-  if (FixedLength >= 1) return ReadChars(static_cast<uint64_t>(FixedLength), "Stream:ReadStr");
-  // Usually count and characters are both in the window already. (A count
-  // beyond the window's size never fits; checking that first also keeps the
-  // bounds arithmetic from overflowing.)
-  const unsigned char* p;
-  if (Fetch(4, p)) [[likely]] {
-    const auto count = static_cast<int32_t>(coding::DecodeFixed32(p));
-    if (count <= 0) return {};
-    if (static_cast<std::size_t>(count) <= detail::StreamWindow::kSize &&
-        Fetch(static_cast<std::size_t>(count), p)) [[likely]] {
-      const auto n = static_cast<std::size_t>(count);
-      return IsAscii(p, n) ? std::string(reinterpret_cast<const char*>(p), n)
-                           : text::FromAnsi({reinterpret_cast<const char*>(p), n});
+  // Usually count and characters are both in the window already, and the
+  // text is plain ASCII: then it is copied once, straight into the result.
+  const std::size_t pos = win_.pos;
+  if (FixedLength < 1 && pos + 4 <= win_.len) [[likely]] {
+    const auto count = static_cast<int32_t>(coding::DecodeFixed32(win_.base + pos));
+    if (count > 0 && static_cast<std::size_t>(count) <= win_.len - pos - 4) [[likely]] {
+      win_.pos = pos + 4 + static_cast<std::size_t>(count);
+      const std::string_view bytes(reinterpret_cast<const char*>(win_.base + pos + 4),
+                                   static_cast<std::size_t>(count));
+      return text::IsAscii(bytes) ? std::string(bytes) : text::FromAnsi(bytes);
     }
-    return ReadChars(static_cast<uint64_t>(count), "Stream:ReadStr");
   }
+  return ReadStrSlow(FixedLength);
+}
+
+[[gnu::noinline]] std::string CStream::ReadStrSlow(int32_t FixedLength) {
+  constexpr const char* kSource = "Stream:ReadStr";
+  if (FixedLength >= 1) return ReadChars(static_cast<uint64_t>(FixedLength), kSource);
   unsigned char b[4];
-  if (!ReadRaw(b, 4, "Stream:ReadStr")) return {};
+  if (!ReadRaw(b, 4, kSource)) return {};
   const auto count = static_cast<int32_t>(coding::DecodeFixed32(b));
   if (count <= 0) return {};
-  return ReadChars(static_cast<uint64_t>(count), "Stream:ReadStr");
+  return ReadChars(static_cast<uint64_t>(count), kSource);
 }
 
 Variant CStream::ReadVar() {
@@ -313,6 +301,30 @@ void CStream::WriteSngSlow(float value) {
 }
 
 void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
+  // Usually count and characters fit in the window as it stands: the text is
+  // then converted straight into it. Windows-1252 never takes more bytes than
+  // UTF-8, so the UTF-8 size is room enough, and what the conversion leaves
+  // over is given back. The conversion may scribble on that leftover, so it
+  // works in place only when the leftover holds no file data: at the end of
+  // the data (a save, the usual case), or for ASCII, which leaves none over.
+  const std::size_t utf8_size = sStr.size();
+  if (FixedLength < 1 && utf8_size < detail::StreamWindow::kSize) [[likely]] {
+    const std::size_t len_before = win_.len;
+    unsigned char* p;
+    if ((win_.pos >= len_before || text::IsAscii(sStr)) && Room(4 + utf8_size, p)) [[likely]] {
+      const std::size_t n = text::ToAnsi(sStr, reinterpret_cast<char*>(p + 4));
+      coding::EncodeFixed32(p, static_cast<uint32_t>(n));
+      if (n != utf8_size) {
+        win_.pos -= utf8_size - n;
+        win_.len = win_.pos > len_before ? win_.pos : len_before;
+      }
+      return;
+    }
+  }
+  WriteStrSlow(sStr, FixedLength);
+}
+
+[[gnu::noinline]] void CStream::WriteStrSlow(const std::string& sStr, int32_t FixedLength) {
   auto write = [&](const void* p, std::size_t n) {
     if (file_->Write(p, n)) return true;
     const std::string why = file_->IsOpen() ? SystemText(EIO) : kNotOpenText;
@@ -325,22 +337,7 @@ void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
     write(bytes.data(), bytes.size());
     return;
   }
-  // Plain ASCII is already its own Windows-1252 form: write it as it is,
-  // count and characters in one go when the window has room.
-  const bool ascii = IsAscii(reinterpret_cast<const unsigned char*>(sStr.data()), sStr.size());
-  unsigned char* p;
-  if (ascii && sStr.size() < detail::StreamWindow::kSize && Room(4 + sStr.size(), p)) [[likely]] {
-    coding::EncodeFixed32(p, static_cast<uint32_t>(sStr.size()));
-    std::memcpy(p + 4, sStr.data(), sStr.size());
-    return;
-  }
-  const std::string converted = ascii ? std::string() : text::ToAnsi(sStr);
-  const std::string& bytes = ascii ? sStr : converted;
-  if (!ascii && bytes.size() < detail::StreamWindow::kSize && Room(4 + bytes.size(), p)) {
-    coding::EncodeFixed32(p, static_cast<uint32_t>(bytes.size()));
-    std::memcpy(p + 4, bytes.data(), bytes.size());
-    return;
-  }
+  const std::string bytes = text::ToAnsi(sStr);
   unsigned char b[4];
   coding::EncodeFixed32(b, static_cast<uint32_t>(bytes.size()));
   if (!write(b, 4)) return;

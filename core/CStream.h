@@ -21,13 +21,18 @@ namespace detail {
 /// `pos` is the file position as an offset into the window, never beyond
 /// `len`; when the position lies outside the window it is `kDetached`, which
 /// fails every bounds check, and the file keeps the position itself.
+///
+/// Inline writes need only one bounds check because the file arms them
+/// (`room` above 0) only while every byte from `pos` on already counts as
+/// dirty: it arms on a write, which marks its own start dirty, and disarms on
+/// whatever could move the position below `dirty_lo` or clean the window.
 struct StreamWindow {
   static constexpr std::size_t kSize = 64 * 1024;
   static constexpr std::size_t kDetached = SIZE_MAX / 2;
   unsigned char* base = nullptr;
   std::size_t pos = kDetached;
   std::size_t len = 0;              // bytes of the window that hold file data
-  std::size_t room = 0;             // bytes that may be written; 0 when read-only
+  std::size_t room = 0;             // inline writes may end there; 0 when not armed
   std::size_t dirty_lo = SIZE_MAX;  // first byte that may differ from the file
 };
 }  // namespace detail
@@ -172,6 +177,8 @@ class RINGBOOK_EXPORT CStream : public Object {
   bool ReadRaw(void* out, std::size_t n, const char* source);
   bool WriteRaw(const void* in, std::size_t n, const char* source);
   std::string ReadChars(uint64_t count, const char* source);
+  std::string ReadStrSlow(int32_t FixedLength);
+  void WriteStrSlow(const std::string& sStr, int32_t FixedLength);
 
   // The fixed-width readers and writers work on the buffer window inline,
   // one bounds check and one copy; everything else (an empty or moved
@@ -188,9 +195,9 @@ class RINGBOOK_EXPORT CStream : public Object {
   bool Room(std::size_t n, unsigned char*& p) {
     const std::size_t pos = win_.pos;
     if (pos + n <= win_.room) {
-      if (pos < win_.dirty_lo) win_.dirty_lo = pos;
-      win_.pos = pos + n;
-      if (win_.pos > win_.len) win_.len = win_.pos;
+      const std::size_t end = pos + n;
+      win_.pos = end;
+      win_.len = end > win_.len ? end : win_.len;
       p = win_.base + pos;
       return true;
     }

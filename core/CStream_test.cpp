@@ -386,12 +386,28 @@ TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
       const uint8_t b[4] = {uint8_t(v), uint8_t(v >> 8), uint8_t(v >> 16), uint8_t(v >> 24)};
       put(pos, b, 4);
     } else if (op == 2) {
-      // Mostly short texts, now and then one longer than a window.
+      // Mostly short texts, now and then one longer than a window; fixed
+      // length, or counted with accented letters that take one byte fewer in
+      // the file than in UTF-8 (so over existing bytes, which must survive).
       const std::size_t len = rng() % 16 == 0 ? rng() % 70000 : rng() % 20;
-      std::string text(len, static_cast<char>('a' + step % 26));
-      s->WriteStr(text, static_cast<int32_t>(text.size() + 1));
-      text.push_back(' ');
-      put(pos, reinterpret_cast<const uint8_t*>(text.data()), text.size());
+      if (step % 2 == 0) {
+        std::string text(len, static_cast<char>('a' + step % 26));
+        s->WriteStr(text, static_cast<int32_t>(text.size() + 1));
+        text.push_back(' ');
+        put(pos, reinterpret_cast<const uint8_t*>(text.data()), text.size());
+      } else {
+        std::string text, ansi;
+        for (std::size_t i = 0; i < len; ++i) {
+          const bool accented = rng() % 4 == 0;
+          text += accented ? "\u00E9" : "x";
+          ansi += accented ? '\xE9' : 'x';
+        }
+        s->WriteStr(text);
+        const auto n = static_cast<uint32_t>(ansi.size());
+        const uint8_t count[4] = {uint8_t(n), uint8_t(n >> 8), uint8_t(n >> 16), uint8_t(n >> 24)};
+        put(pos, count, 4);
+        put(pos + 4, reinterpret_cast<const uint8_t*>(ansi.data()), ansi.size());
+      }
     } else if (op == 3) {
       const uint8_t b = static_cast<uint8_t>(rng());
       s->WriteByte(b);

@@ -1,41 +1,59 @@
 #pragma once
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace ringbook::coding {
 
 /// Little-endian encoding of the stream's fixed-width values, byte by byte,
 /// independent of the host's byte order.
 
-// Written out byte by byte so that compilers turn each one into a single
-// load or store on little-endian machines.
+// On a little-endian host each value is one plain load or store (through
+// memcpy, which is free of alignment and aliasing rules); elsewhere its bytes
+// are swapped first.
+template <class T>
+inline T ToLittle(T v) {
+  if constexpr (std::endian::native == std::endian::little) {
+    return v;
+  } else {
+    T r = 0;
+    for (std::size_t i = 0; i < sizeof(T); ++i)
+      r = static_cast<T>(r << 8 | ((v >> (8 * i)) & 0xFF));
+    return r;
+  }
+}
+
+template <class T>
+inline void EncodeFixed(unsigned char* p, T v) {
+  v = ToLittle(v);
+  std::memcpy(p, &v, sizeof v);
+}
+template <class T>
+inline T DecodeFixed(const unsigned char* p) {
+  T v;
+  std::memcpy(&v, p, sizeof v);
+  return ToLittle(v);
+}
+
 inline void EncodeFixed16(unsigned char* p, uint16_t v) {
-  p[0] = static_cast<unsigned char>(v);
-  p[1] = static_cast<unsigned char>(v >> 8);
+  EncodeFixed(p, v);
 }
 inline void EncodeFixed32(unsigned char* p, uint32_t v) {
-  p[0] = static_cast<unsigned char>(v);
-  p[1] = static_cast<unsigned char>(v >> 8);
-  p[2] = static_cast<unsigned char>(v >> 16);
-  p[3] = static_cast<unsigned char>(v >> 24);
+  EncodeFixed(p, v);
 }
 inline void EncodeFixed64(unsigned char* p, uint64_t v) {
-  EncodeFixed32(p, static_cast<uint32_t>(v));
-  EncodeFixed32(p + 4, static_cast<uint32_t>(v >> 32));
+  EncodeFixed(p, v);
 }
 inline uint16_t DecodeFixed16(const unsigned char* p) {
-  return static_cast<uint16_t>(p[0] | (p[1] << 8));
+  return DecodeFixed<uint16_t>(p);
 }
 inline uint32_t DecodeFixed32(const unsigned char* p) {
-  return static_cast<uint32_t>(p[0]) | (static_cast<uint32_t>(p[1]) << 8) |
-         (static_cast<uint32_t>(p[2]) << 16) | (static_cast<uint32_t>(p[3]) << 24);
+  return DecodeFixed<uint32_t>(p);
 }
 inline uint64_t DecodeFixed64(const unsigned char* p) {
-  return static_cast<uint64_t>(p[0]) | (static_cast<uint64_t>(p[1]) << 8) |
-         (static_cast<uint64_t>(p[2]) << 16) | (static_cast<uint64_t>(p[3]) << 24) |
-         (static_cast<uint64_t>(p[4]) << 32) | (static_cast<uint64_t>(p[5]) << 40) |
-         (static_cast<uint64_t>(p[6]) << 48) | (static_cast<uint64_t>(p[7]) << 56);
+  return DecodeFixed<uint64_t>(p);
 }
 inline uint32_t FloatBits(float f) {
   return std::bit_cast<uint32_t>(f);

@@ -1,8 +1,11 @@
 #include "core/Text.h"
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
+
+#include "core/Coding.h"
 
 namespace ringbook::text {
 namespace {
@@ -80,19 +83,6 @@ int CompareBy(std::string_view a, std::string_view b, Map map) {
   return 0;
 }
 
-bool IsAscii(std::string_view s) {
-  std::size_t i = 0;
-  for (; i + 8 <= s.size(); i += 8) {
-    uint64_t word;
-    std::memcpy(&word, s.data() + i, 8);
-    if ((word & 0x8080808080808080ull) != 0) return false;
-  }
-  for (; i < s.size(); ++i) {
-    if (static_cast<unsigned char>(s[i]) >= 0x80) return false;
-  }
-  return true;
-}
-
 }  // namespace
 
 std::size_t CharCount(std::string_view utf8) {
@@ -114,42 +104,99 @@ std::string Trim(std::string_view s) {
   return std::string(s.substr(first, last - first + 1));
 }
 
-std::string ToAnsi(std::string_view utf8) {
-  // Most texts are plain ASCII, which is the same in both encodings.
-  if (IsAscii(utf8)) return std::string(utf8);
-  // One byte per character: never longer than the UTF-8 text.
-  std::string out(utf8.size(), '\0');
-  char* o = out.data();
-  for (std::size_t i = 0; i < utf8.size();) {
-    const int b = AnsiByte(Decode(utf8, i));
-    *o++ = b < 0 ? '?' : static_cast<char>(b);
+namespace {
+
+// The UTF-8 form of every Windows-1252 byte: up to three bytes, first byte
+// lowest, and the length in the top byte, so that the conversion is one
+// lookup and one four-byte store per character.
+constexpr std::array<uint32_t, 256> kUtf8OfAnsi = [] {
+  std::array<uint32_t, 256> table{};
+  for (uint32_t b = 0; b < 256; ++b) {
+    const uint32_t cp = b >= 0x80 && b < 0xA0 ? kHighTable[b - 0x80] : b;
+    if (cp < 0x80) {
+      table[b] = cp | 1u << 24;
+    } else if (cp < 0x800) {
+      table[b] = (0xC0 | cp >> 6) | (0x80 | (cp & 0x3F)) << 8 | 2u << 24;
+    } else {
+      table[b] = (0xE0 | cp >> 12) | (0x80 | (cp >> 6 & 0x3F)) << 8 | (0x80 | (cp & 0x3F)) << 16 |
+                 3u << 24;
+    }
   }
-  out.resize(static_cast<std::size_t>(o - out.data()));
+  return table;
+}();
+
+}  // namespace
+
+std::size_t detail::ToAnsiConverting(std::string_view utf8, char* out) noexcept {
+  const std::size_t n = utf8.size();
+  const auto* in = reinterpret_cast<const unsigned char*>(utf8.data());
+  char* o = out;
+  for (std::size_t i = 0; i < n;) {
+    // ASCII runs go eight bytes at a time: the word is stored whole (the
+    // output never runs ahead of the input, so it has room) and the cursor
+    // advances over its ASCII bytes only.
+    if (n - i >= 8) {
+      const uint64_t word = coding::DecodeFixed64(in + i);
+      coding::EncodeFixed64(reinterpret_cast<unsigned char*>(o), word);
+      const uint64_t high = word & 0x8080808080808080ull;
+      const std::size_t run = high == 0 ? 8 : static_cast<std::size_t>(std::countr_zero(high)) / 8;
+      i += run;
+      o += run;
+      if (run == 8) continue;
+    } else if (in[i] < 0x80) {
+      *o++ = static_cast<char>(in[i++]);
+      continue;
+    }
+    // Latin-1 letters, the usual case, are two bytes starting C2 or C3.
+    const unsigned char b = in[i];
+    if ((b == 0xC2 || b == 0xC3) && i + 1 < n) {
+      const unsigned char b1 = in[i + 1];
+      const unsigned cp = (b & 0x1Fu) << 6 | (b1 & 0x3Fu);
+      if ((b1 & 0xC0) == 0x80 && cp >= 0xA0) {
+        *o++ = static_cast<char>(cp);
+        i += 2;
+        continue;
+      }
+    }
+    const int ansi = AnsiByte(Decode(utf8, i));
+    *o++ = ansi < 0 ? '?' : static_cast<char>(ansi);
+  }
+  return static_cast<std::size_t>(o - out);
+}
+
+std::string ToAnsi(std::string_view utf8) {
+  if (IsAscii(utf8)) return std::string(utf8);
+  std::string out(utf8.size(), '\0');
+  out.resize(ToAnsi(utf8, out.data()));
   return out;
 }
 
 std::string FromAnsi(std::string_view ansi) {
   if (IsAscii(ansi)) return std::string(ansi);
-  // At most three UTF-8 bytes per character: short texts are converted on
-  // the stack in one pass and copied out once.
+  // At most three UTF-8 bytes per character, and a store may write up to
+  // eight: short texts are converted on the stack and copied out once.
   constexpr std::size_t kShort = 64;
-  char stack[3 * kShort];
+  char stack[3 * kShort + 8];
   std::string heap;
-  char* const start = ansi.size() <= kShort ? stack : (heap.resize(3 * ansi.size()), heap.data());
+  char* const start =
+      ansi.size() <= kShort ? stack : (heap.resize(3 * ansi.size() + 8), heap.data());
+  const auto* in = reinterpret_cast<const unsigned char*>(ansi.data());
+  const std::size_t n = ansi.size();
   char* o = start;
-  for (const char c : ansi) {
-    const auto b = static_cast<unsigned char>(c);
-    const char32_t cp = b >= 0x80 && b < 0xA0 ? kHighTable[b - 0x80] : b;
-    if (cp < 0x80) {
-      *o++ = c;
-    } else if (cp < 0x800) {
-      *o++ = static_cast<char>(0xC0 | (cp >> 6));
-      *o++ = static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-      *o++ = static_cast<char>(0xE0 | (cp >> 12));
-      *o++ = static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-      *o++ = static_cast<char>(0x80 | (cp & 0x3F));
+  for (std::size_t i = 0; i < n;) {
+    // ASCII runs go eight bytes at a time, as in the other direction.
+    if (n - i >= 8) {
+      const uint64_t word = coding::DecodeFixed64(in + i);
+      coding::EncodeFixed64(reinterpret_cast<unsigned char*>(o), word);
+      const uint64_t high = word & 0x8080808080808080ull;
+      const std::size_t run = high == 0 ? 8 : static_cast<std::size_t>(std::countr_zero(high)) / 8;
+      i += run;
+      o += run;
+      if (run == 8) continue;
     }
+    const uint32_t utf8 = kUtf8OfAnsi[in[i++]];
+    coding::EncodeFixed32(reinterpret_cast<unsigned char*>(o), utf8);  // the top byte is scratch
+    o += utf8 >> 24;
   }
   if (start != stack) {
     heap.resize(static_cast<std::size_t>(o - start));

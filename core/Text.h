@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -20,9 +22,85 @@ RINGBOOK_EXPORT std::string Left(std::string_view utf8, std::size_t count);
 /// Removes leading and trailing blanks (U+0020 only, as the runtime's Trim).
 RINGBOOK_EXPORT std::string Trim(std::string_view s);
 
+/// True when every byte is below 0x80: such a text reads the same in UTF-8
+/// and in Windows-1252. Most of the game's texts are, so the conversions and
+/// the stream test for it first; inline, with overlapping loads in place of a
+/// byte loop, because a text is usually shorter than 16 bytes.
+inline bool IsAscii(std::string_view s) noexcept {
+  const char* p = s.data();
+  const std::size_t n = s.size();
+  if (n >= 8) {
+    auto word = [p](std::size_t at) {
+      uint64_t w;
+      std::memcpy(&w, p + at, 8);
+      return w;
+    };
+    uint64_t any = word(n - 8);
+    for (std::size_t i = 0; i + 8 < n; i += 8) any |= word(i);
+    return (any & 0x8080808080808080ull) == 0;
+  }
+  if (n >= 4) {
+    uint32_t a, b;
+    std::memcpy(&a, p, 4);
+    std::memcpy(&b, p + n - 4, 4);
+    return ((a | b) & 0x80808080u) == 0;
+  }
+  if (n == 0) return true;
+  return ((static_cast<unsigned char>(p[0]) | static_cast<unsigned char>(p[n / 2]) |
+           static_cast<unsigned char>(p[n - 1])) &
+          0x80) == 0;
+}
+
 /// Converts to the files' code page, Windows-1252: one byte per character,
 /// `?` for a character that has no Windows-1252 byte.
 RINGBOOK_EXPORT std::string ToAnsi(std::string_view utf8);
+
+namespace detail {
+RINGBOOK_EXPORT std::size_t ToAnsiConverting(std::string_view utf8, char* out) noexcept;
+
+// Copies a text of at most 16 bytes with two overlapping loads and stores
+// (no call, no byte loop) and tells whether it was plain ASCII.
+inline bool CopyShortIfAscii(const char* in, std::size_t n, char* out) noexcept {
+  if (n >= 8) {
+    uint64_t head, tail;
+    std::memcpy(&head, in, 8);
+    std::memcpy(&tail, in + n - 8, 8);
+    std::memcpy(out, &head, 8);
+    std::memcpy(out + n - 8, &tail, 8);
+    return ((head | tail) & 0x8080808080808080ull) == 0;
+  }
+  if (n >= 4) {
+    uint32_t head, tail;
+    std::memcpy(&head, in, 4);
+    std::memcpy(&tail, in + n - 4, 4);
+    std::memcpy(out, &head, 4);
+    std::memcpy(out + n - 4, &tail, 4);
+    return ((head | tail) & 0x80808080u) == 0;
+  }
+  unsigned char any = 0;
+  for (std::size_t i = 0; i < n; ++i) {
+    out[i] = in[i];
+    any |= static_cast<unsigned char>(in[i]);
+  }
+  return any < 0x80;
+}
+}  // namespace detail
+
+/// The same conversion into `out`, which must have room for `utf8.size()`
+/// bytes (a character never takes more bytes in Windows-1252 than in UTF-8).
+/// Returns the number of bytes written. The bytes of `out` past that count
+/// may be overwritten too. Inline for the usual short ASCII text, which the
+/// stream writes straight into its buffer.
+inline std::size_t ToAnsi(std::string_view utf8, char* out) noexcept {
+  const std::size_t n = utf8.size();
+  if (n <= 16) {
+    if (detail::CopyShortIfAscii(utf8.data(), n, out)) return n;
+  } else if (IsAscii(utf8)) {
+    std::memcpy(out, utf8.data(), n);
+    return n;
+  }
+  return detail::ToAnsiConverting(utf8, out);
+}
 
 /// Converts Windows-1252 bytes to UTF-8. The five bytes the code page leaves
 /// undefined map to the control characters of the same number, so every byte
