@@ -44,16 +44,8 @@ Set f = CreateObject("Korvat_Ringbook.CFighterInFight")
 ' ---- A fresh object ----
 Check "Career starts at 2", f.Career, 2
 Check "UseConditioning starts at -1", f.UseConditioning, CLng(-1)
-Check "Condition starts at 0", f.Condition, CLng(0)
-Check "Winner starts false", f.Winner, False
-Check "TournamentID starts empty", f.TournamentID, ""
-Check "PmTotal of a fresh object", f.PmTotal, 0
 Check "ScoreCardTotal of a fresh object", f.ScoreCardTotal, 0
-Check "PunchCountTotal of a fresh object", f.PunchCountTotal(), 0
-CheckTrue "FR is present", Not (f.FR Is Nothing)
-CheckTrue "Trainer is present", Not (f.Trainer Is Nothing)
-CheckTrue "CutMan is present", Not (f.CutMan Is Nothing)
-CheckTrue "FR is the same object each time", f.FR Is f.FR
+CheckTrue "FR is present and the same object each time", f.FR Is f.FR And Not (f.FR Is Nothing)
 CheckTrue "Trainer and CutMan are two cornermen", Not (f.Trainer Is f.CutMan)
 
 ' ---- Plain fields ----
@@ -85,29 +77,19 @@ Check "Kdr1R(0) is capped at 10", f.Kdr1R(0), 10
 Check "Kdr1R(3) keeps 14", f.Kdr1R(3), 14
 f.HpR(2) = -4
 Check "HpR(2) of -4 reads 0", f.HpR(2), 0
-f.AggR(15) = 7
-Check "AggR(15)", f.AggR(15), 7
 f.LEyeSwelling(1) = 180
 Check "LEyeSwelling(1) is capped at 100", f.LEyeSwelling(1), CByte(100)
-f.REyeSwelling(0) = 40
-Check "REyeSwelling(0)", f.REyeSwelling(0), CByte(40)
 f.PmCount(1) = 300
 Check "PmCount(1) keeps the low byte", f.PmCount(1), CByte(44)
 Check "PmTotal", f.PmTotal, 44
 f.Cut(8) = 3
 Check "Cut(8)", f.Cut(8), 3
-f.Gash(1) = 2
-Check "Gash(1)", f.Gash(1), 2
 f.PunchCount(2, 2) = 9
 Check "PunchCount(7, 2) is PunchCount(2, 2)", f.PunchCount(7, 2), 9
-Check "PunchCount(11, 2) reads 0", f.PunchCount(11, 2), 0
-Check "PunchCountTotal(2)", f.PunchCountTotal(2), 9
 Check "PunchCountTotal(0, 2)", f.PunchCountTotal(0, 2), 9
 f.ScoreCard(1, 0) = 10
 f.ScoreCard(2, 4) = 9
-Check "ScoreCard(2, 4)", f.ScoreCard(2, 4), 9
 Check "ScoreCardTotal counts round 0", f.ScoreCardTotal(), 19
-Check "ScoreCardTotal(1)", f.ScoreCardTotal(1), 10
 Check "ScoreCardTotal(0, 4)", f.ScoreCardTotal(0, 4), 9
 f.PointsScored(0) = 10
 Check "PointsScoredTotal counts round 0", f.PointsScoredTotal, 10
@@ -140,9 +122,6 @@ Check "IsKnockedout at Kor 10 with 51", f.IsKnockedout(), True
 Check "IsKnockedout rolls 100 to 1", dice.Log, "100-1;"
 dice.Queue = "50"
 Check "IsKnockedout at Kor 10 with 50", f.IsKnockedout, False
-fr.Kor = 11
-dice.Queue = "100"
-Check "IsKnockedout at Kor 11", f.IsKnockedout, False
 
 ' ---- Punches: J3 10 then H3 10 (types 1 and 2) ----
 fr.J3 = 10
@@ -151,10 +130,8 @@ dice.Log = ""
 dice.Queue = "500"
 Check "PunchType with a draw of 5.00", f.PunchType, 1
 Check "PunchType rolls 10000 to 1", dice.Log, "10000-1;"
-dice.Queue = "1500"
-Check "PunchType with a draw of 15.00", f.PunchType(False), 2
 dice.Queue = "5000"
-Check "PunchType with a draw beyond the ratings", f.PunchType(), 0
+Check "PunchType with a draw beyond the ratings", f.PunchType(False), 0
 dice.Queue = "5000,1500"
 dice.Log = ""
 Check "PunchType(True) draws again", f.PunchType(True), 2

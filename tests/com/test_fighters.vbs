@@ -80,8 +80,7 @@ t.Name = "Undisputed"
 titles.AddRecord t, False
 ali.TitleIDs = "|" & t.ID & "|"
 ali.FillListWithTitles lst
-Check "the fighter's title listed", lst.Text(), "Undisputed"
-Check "... tagged with its ID", lst.DataText(), CStr(t.ID)
+Check "the fighter's title listed, tagged with its ID", lst.Text() & "|" & lst.DataText(), "Undisputed|" & t.ID
 Check "... in bold", lst.Font.Bold, True
 
 ' ---- the wrong record ----

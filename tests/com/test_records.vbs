@@ -6,7 +6,6 @@ Dim hist, hist2, f, f2, ver
 
 ' ---- CLocation ----
 Set loc = CreateObject("Korvat_Ringbook.CLocation")
-Check "location starts empty", loc.Name, ""
 Check "location ID starts 0", loc.ID, CLng(0)
 loc.Arena = " Alpha "
 loc.City = "Beta"
@@ -22,12 +21,9 @@ Check "location ID can be set", loc.ID, CLng(41)
 loc.PriceIndex = 70000
 Check "PriceIndex is a Long", loc.PriceIndex, CLng(70000)
 loc.SiteRating = 25
-Check "SiteRating", loc.SiteRating, CLng(25)
 Set loc2 = CreateObject("Korvat_Ringbook.CLocation")
 loc.Clone loc2
-Check "Clone copies the name parts", loc2.Name, "Alpha Gamma"
-Check "Clone copies the ID", loc2.ID, CLng(41)
-Check "Clone copies the price index", loc2.PriceIndex, CLng(70000)
+Check "location Clone", loc2.Name & "|" & loc2.ID & "|" & loc2.PriceIndex & "|" & loc2.SiteRating, "Alpha Gamma|41|70000|25"
 
 On Error Resume Next
 loc.Era = 70000
@@ -69,9 +65,7 @@ judge.Era = 1
 Set judge2 = CreateObject("Korvat_Ringbook.CJudge")
 Check "judge without names is named by one blank", judge2.Name, " "
 judge.Clone judge2
-Check "judge Clone: name", judge2.Name, "Ann Lee"
-Check "judge Clone: bias", judge2.Bias, CLng(-3)
-Check "judge Clone: era", judge2.Era, 1
+Check "judge Clone", judge2.Name & "|" & judge2.Bias & "|" & judge2.Era, "Ann Lee|-3|1"
 
 ' ---- CReferee ----
 Set ref = CreateObject("Korvat_Ringbook.CReferee")
@@ -87,11 +81,8 @@ Check "referee name", ref.Name, "Joe Cortez"
 Set ref2 = CreateObject("Korvat_Ringbook.CReferee")
 ref2.Rating = 3
 ref.Clone ref2
-Check "referee Clone leaves Rating", ref2.Rating, 3
-Check "referee Clone copies Fouls", ref2.Fouls, 4
-Check "referee Clone copies Stoppage", ref2.Stoppage, 5
-Check "referee Clone copies Judgement", ref2.Judgement, 6
-Check "referee Clone copies ActiveRetired", ref2.ActiveRetired, 1
+Check "referee Clone copies all but Rating", _
+  ref2.Rating & "|" & ref2.Fouls & "|" & ref2.Stoppage & "|" & ref2.Judgement & "|" & ref2.ActiveRetired & "|" & ref2.Era, "3|4|5|6|1|3"
 
 ' ---- CAnnouncer ----
 Set ann = CreateObject("Korvat_Ringbook.CAnnouncer")
@@ -101,8 +92,7 @@ ann.LastName = "Buffer"
 ann.Era = 4
 Set ann2 = CreateObject("Korvat_Ringbook.CAnnouncer")
 ann.Clone ann2
-Check "announcer Clone", ann2.Name, "Michael Buffer"
-Check "announcer Clone era", ann2.Era, 4
+Check "announcer Clone", ann2.Name & "|" & ann2.Era, "Michael Buffer|4"
 
 ' ---- CCornerman ----
 Set cm = CreateObject("Korvat_Ringbook.CCornerman")
@@ -121,10 +111,9 @@ cm.TrainingDefense = 4
 cm.TrainingAverage = 5
 Set cm2 = CreateObject("Korvat_Ringbook.CCornerman")
 cm.Clone cm2
-Check "cornerman Clone: CloseCuts", cm2.CloseCuts, 8
-Check "cornerman Clone: Strategy", cm2.Strategy, 9
-Check "cornerman Clone: NickName", cm2.NickName, "Angelo"
-Check "cornerman Clone: TrainingAverage", cm2.TrainingAverage, 5
+Check "cornerman Clone", cm2.CloseCuts & "|" & cm2.Discipline & "|" & cm2.Motivate & "|" & cm2.ReduceSwelling & "|" & _
+  cm2.Specialty & "|" & cm2.Strategy & "|" & cm2.TrainingOffense & "|" & cm2.TrainingDefense & "|" & _
+  cm2.TrainingAverage & "|" & cm2.NickName, "8|7|6|5|2|9|3|4|5|Angelo"
 
 ' ---- CTitle ----
 Set title = CreateObject("Korvat_Ringbook.CTitle")
@@ -146,9 +135,7 @@ hist.Notes = "Kinshasa"
 Check "history date is a Date", hist.FightDate, DateSerial(1974, 10, 30)
 Set hist2 = CreateObject("Korvat_Ringbook.CHistory")
 hist.Clone hist2
-Check "history Clone: opponent", hist2.Opponent, "Foreman"
-Check "history Clone: last round", hist2.LastRound, 8
-Check "history Clone: notes", hist2.Notes, "Kinshasa"
+Check "history Clone", hist2.Opponent & "|" & hist2.LastRound & "|" & hist2.Notes & "|" & hist2.Decision, "Foreman|8|Kinshasa|KO"
 On Error Resume Next
 hist.Clone Nothing
 CheckNoErr "history Clone into Nothing does nothing"
@@ -156,11 +143,9 @@ On Error GoTo 0
 
 ' ---- CFighter ----
 Set f = CreateObject("Korvat_Ringbook.CFighter")
-Check "new fighter: TotalBouts", f.TotalBouts, CLng(0)
 Check "new fighter: KoPct", f.KoPct, CSng(0)
 Check "new fighter: Record", f.Record, "0 - 0 - 0"
 Check "new fighter: Dirty", f.Dirty, False
-Check "new fighter: Name", f.Name, ""
 Check "reading Kor makes the record dirty", f.Kor, 0
 Check "... Dirty", f.Dirty, True
 f.FirstName = "  Muhammad  "
@@ -206,8 +191,7 @@ Check "History is the same object", f.History Is hist, True
 Set f2 = CreateObject("Korvat_Ringbook.CFighter")
 f2.FirstName = "Joe"
 f.Clone f2, 2
-Check "Clone ersCareer leaves the name", f2.FirstName, "Joe"
-Check "Clone ersCareer copies Won", f2.Won, CLng(3)
+Check "Clone ersCareer leaves the name, copies Won", f2.FirstName & "|" & f2.Won, "Joe|3"
 Check "Clone ersCareer gives a copy of the history", f2.History Is hist, False
 Check "... with its values", f2.History.Opponent, "Foreman"
 f.Clone f2
@@ -215,8 +199,6 @@ Check "Clone with the section left out copies the profile", f2.FirstName, "Muham
 
 ' ---- Version ----
 Set ver = CreateObject("Korvat_Ringbook.Version")
-Check "Version.Major", ver.Major, 1
-Check "Version.Minor", ver.Minor, 0
-Check "Version.Revision", ver.Revision, 83
+Check "Version", ver.Major & "." & ver.Minor & "." & ver.Revision, "1.0.83"
 
 Finish

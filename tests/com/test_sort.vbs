@@ -39,8 +39,7 @@ Check "... switches the helper to value compare for good", h.SortMode, CLng(0)
 a = "first"
 b = 2
 h.Swap a, b
-Check "Swap exchanges the script's variables (1)", a, 2
-Check "Swap exchanges the script's variables (2)", b, "first"
+Check "Swap exchanges the script's variables", a & "|" & b, "2|first"
 
 On Error Resume Next
 v = h.Compare("x", "y")
@@ -56,8 +55,7 @@ Check "Count", c.Count, CLng(3)
 Check "Item by key, any case", c.Item("K2"), "two"
 Check "Item by position", c.Item(3), "three"
 Check "Index of a key", c.Index("k1"), CLng(1)
-Check "Key of a position", c.Key(2), "k2"
-Check "Key of an item without one", c.Key(3), ""
+Check "Key of a position, and of an item without one", c.Key(2) & "|" & c.Key(3), "k2|"
 Check "LastAdded", c.LastAdded, "three"
 
 On Error Resume Next
@@ -95,8 +93,7 @@ c.Add NewEntry("pear")
 c.Add NewEntry("Apple")
 c.Add fig
 c.Add NewEntry("banana")
-Check "items kept in order (1)", c.Item(1).SortKey, "Apple"
-Check "items kept in order (4)", c.Item(4).SortKey, "pear"
+Check "items kept in order", c.Item(1).SortKey & "|" & c.Item(4).SortKey, "Apple|pear"
 Check "the item is the script's own object", c.Item(3) Is fig, True
 On Error Resume Next
 c.Add "plain text"
@@ -112,7 +109,6 @@ lst.AddItem "stale", 0
 c.FillList lst
 Check "FillList cleared the list first", Left(lst.Log, 2), "AC"
 Check "FillList added every item's text in order", lst.Text(), "Apple|banana|fig|pear"
-Check "ListCount", lst.ListCount, 4
 c.FillList
 Check "FillList without a control changes nothing", lst.ListCount, 4
 

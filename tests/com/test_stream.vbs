@@ -94,14 +94,11 @@ p.Name = "Frazier"
 p.Count = 3
 s.Filename = gDataDir & "persist.bin"
 s.WriteFile p, 9, True
-Check "WriteFile called SaveObjectData", p.Calls, "S"
-Check "... with the position", p.LastPosition, CLng(9)
+Check "WriteFile called SaveObjectData with the position", p.Calls & p.LastPosition, "S9"
 Set q = New Persist
 s.ReadFile q
-Check "ReadFile called ReadObjectData", q.Calls, "R"
-Check "... with the position left out as 0", q.LastPosition, CLng(0)
-Check "... which read the name", q.Name, "Frazier"
-Check "... and the count", q.Count, CLng(3)
+Check "ReadFile called ReadObjectData with the position left out as 0", q.Calls & q.LastPosition, "R0"
+Check "... which read the name and the count", q.Name & "|" & q.Count, "Frazier|3"
 Set q = New Persist
 s.Filename = gDataDir & "missing.bin"
 s.ReadFile q
