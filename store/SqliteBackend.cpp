@@ -22,6 +22,11 @@ constexpr std::size_t kMaxLoggedChanges = 4096;
 // Rows read in one statement while a recordset is walked in order.
 constexpr std::size_t kWalkBatch = 100;
 
+// Statements a connection keeps prepared while no one uses them: enough
+// for the stored queries a session runs again and again with each one's
+// row, batch and write statements.
+constexpr std::size_t kIdleStatements = 64;
+
 std::string Lower(std::string s) {
   for (char& c : s) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return s;
@@ -187,10 +192,9 @@ class SqliteDatabase final : public Database {
   bool FindQuery(const std::string& name, QueryDefinition& out) override {
     CheckOpen();
     if (!query_stmt_) {
-      query_stmt_ =
-          Statement(connection_->db(),
-                    std::string("SELECT Name, SQL, Parameters, BaseTable, KeyColumn FROM ") +
-                        kQueryTable + " WHERE Name = ?1 COLLATE NOCASE");
+      query_stmt_ = connection_->Prepare(
+          std::string("SELECT Name, SQL, Parameters, BaseTable, KeyColumn FROM ") + kQueryTable +
+          " WHERE Name = ?1 COLLATE NOCASE");
     }
     sqlite3_stmt* s = query_stmt_.get();
     sqlite3_bind_text(s, 1, name.c_str(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
@@ -402,21 +406,33 @@ Statement::Statement(sqlite3* db, const std::string& sql) : db_(db) {
 }
 
 Statement::~Statement() {
-  sqlite3_finalize(stmt_);
+  Release();
 }
 
-Statement::Statement(Statement&& other) noexcept : db_(other.db_), stmt_(other.stmt_) {
+Statement::Statement(Statement&& other) noexcept
+    : db_(other.db_), stmt_(other.stmt_), home_(other.home_) {
   other.stmt_ = nullptr;
 }
 
 Statement& Statement::operator=(Statement&& other) noexcept {
   if (this != &other) {
-    sqlite3_finalize(stmt_);
+    Release();
     db_ = other.db_;
     stmt_ = other.stmt_;
+    home_ = other.home_;
     other.stmt_ = nullptr;
   }
   return *this;
+}
+
+void Statement::Release() noexcept {
+  if (!stmt_) return;
+  if (home_) {
+    home_->Return(stmt_);
+  } else {
+    sqlite3_finalize(stmt_);
+  }
+  stmt_ = nullptr;
 }
 
 bool Statement::Step(std::string_view what, const std::string& subject) {
@@ -450,19 +466,21 @@ char FoldAscii(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-}  // namespace
-
-std::size_t ColumnIndex::Hash::operator()(std::string_view s) const noexcept {
-  // FNV-1a over the folded bytes.
+// FNV-1a over the folded bytes; `ascii` false when `s` has a byte that is
+// not ASCII.
+std::size_t FoldedHash(std::string_view s, bool& ascii) {
   std::size_t h = 14695981039346656037ull;
+  unsigned char high = 0;
   for (const char c : s) {
+    high |= static_cast<unsigned char>(c);
     h ^= static_cast<unsigned char>(FoldAscii(c));
     h *= 1099511628211ull;
   }
+  ascii = high < 0x80;
   return h;
 }
 
-bool ColumnIndex::Equal::operator()(std::string_view a, std::string_view b) const noexcept {
+bool SameFolded(std::string_view a, std::string_view b) {
   if (a.size() != b.size()) return false;
   for (std::size_t i = 0; i < a.size(); ++i) {
     if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
@@ -470,28 +488,50 @@ bool ColumnIndex::Equal::operator()(std::string_view a, std::string_view b) cons
   return true;
 }
 
+}  // namespace
+
 void ColumnIndex::Build(const std::vector<std::string>& names) {
   names_ = names;
-  by_name_.clear();
+  slots_.clear();
   ascii_ = true;
   for (const std::string& name : names_) {
     if (!IsAscii(name)) {
       ascii_ = false;
-      by_name_.clear();
       return;
     }
   }
-  by_name_.reserve(names_.size());
+  std::size_t size = 8;
+  while (size < 2 * names_.size()) size *= 2;
+  slots_.assign(size, 0);
+  const std::size_t mask = size - 1;
   for (std::size_t i = 0; i < names_.size(); ++i) {
-    by_name_.emplace(names_[i], static_cast<int>(i));
+    bool ascii = true;
+    std::size_t slot = FoldedHash(names_[i], ascii) & mask;
+    bool taken = false;
+    for (; slots_[slot] != 0; slot = (slot + 1) & mask) {
+      if (SameFolded(names_[static_cast<std::size_t>(slots_[slot] - 1)], names_[i])) {
+        taken = true;
+        break;
+      }
+    }
+    if (!taken) slots_[slot] = static_cast<int>(i) + 1;
   }
 }
 
 int ColumnIndex::Find(std::string_view name) const {
-  if (ascii_ && IsAscii(name)) {
-    const auto it = by_name_.find(name);
-    return it == by_name_.end() ? -1 : it->second;
+  if (!ascii_) return FindByScan(name);
+  bool ascii = true;
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t slot = FoldedHash(name, ascii) & mask;
+  if (!ascii) return FindByScan(name);
+  for (; slots_[slot] != 0; slot = (slot + 1) & mask) {
+    const int position = slots_[slot] - 1;
+    if (SameFolded(names_[static_cast<std::size_t>(position)], name)) return position;
   }
+  return -1;
+}
+
+int ColumnIndex::FindByScan(std::string_view name) const {
   for (std::size_t i = 0; i < names_.size(); ++i) {
     if (text::CompareNoCase(names_[i], name) == 0) return static_cast<int>(i);
   }
@@ -504,15 +544,47 @@ Connection::Connection(sqlite3* db, std::string path) : db_(db), path_(std::move
 }
 
 Connection::~Connection() {
+  for (const IdleStatement& idle : idle_) sqlite3_finalize(idle.stmt);
   sqlite3_close_v2(db_);
+}
+
+Statement Connection::Prepare(const std::string& sql) {
+  // Newest first: the statements of the query just closed are likeliest.
+  for (std::size_t i = idle_.size(); i-- > 0;) {
+    if (idle_[i].sql == sql) {
+      sqlite3_stmt* stmt = idle_[i].stmt;
+      idle_.erase(idle_.begin() + static_cast<std::ptrdiff_t>(i));
+      return Statement(db_, stmt, this);
+    }
+  }
+  Statement fresh(db_, sql);
+  fresh.home_ = this;
+  return fresh;
+}
+
+void Connection::Return(sqlite3_stmt* stmt) noexcept {
+  sqlite3_reset(stmt);
+  sqlite3_clear_bindings(stmt);
+  const char* sql = sqlite3_sql(stmt);
+  try {
+    idle_.push_back({sql ? sql : "", stmt});
+  } catch (...) {
+    sqlite3_finalize(stmt);
+    return;
+  }
+  if (idle_.size() > kIdleStatements) {
+    sqlite3_finalize(idle_.front().stmt);
+    idle_.erase(idle_.begin());
+  }
 }
 
 const TableInfo* Connection::Table(const std::string& name) {
   const std::string key = Lower(name);
   if (auto it = tables_.find(key); it != tables_.end()) return it->second.get();
 
-  Statement find(
-      db_, "SELECT name FROM sqlite_master WHERE type = 'table' AND name = ?1 COLLATE NOCASE");
+  Statement find(db_,
+                 "SELECT name FROM sqlite_master WHERE type = 'table' AND "
+                 "name = ?1 COLLATE NOCASE");
   sqlite3_bind_text(find.get(), 1, name.c_str(), static_cast<int>(name.size()), SQLITE_TRANSIENT);
   if (!find.Step("Looking up the table", name)) return nullptr;
   auto info = std::make_unique<TableInfo>();
@@ -605,7 +677,8 @@ std::shared_ptr<Connection> OpenConnection(const std::string& path) {
   if (!found || recorded != version) {
     throw DbError(dberr::kUnrecognizedFormat,
                   "The game database '" + path +
-                      "' is damaged: its recorded layout version does not match its header.");
+                      "' is damaged: its recorded layout version does not "
+                      "match its header.");
   }
   // Write-ahead logging lets every collection keep its own connection open
   // while the others write; commits then need no flush of their own.
@@ -633,7 +706,6 @@ SqliteRecordset::SqliteRecordset(std::shared_ptr<Connection> connection, QueryDe
       query_(std::move(query)),
       parameters_(std::move(parameters)),
       type_(type) {
-  sqlite3* db = connection_->db();
   base_ = connection_->Table(query_.BaseTable);
   if (!base_) {
     throw DbError(dberr::kTableOrQueryNotFound, "The table '" + query_.BaseTable +
@@ -647,7 +719,7 @@ SqliteRecordset::SqliteRecordset(std::shared_ptr<Connection> connection, QueryDe
                                       base_->Name + "'.");
   }
 
-  keyset_stmt_ = Statement(db, query_.SQL);
+  keyset_stmt_ = connection_->Prepare(query_.SQL);
   const int placeholders = sqlite3_bind_parameter_count(keyset_stmt_.get());
   if (placeholders != static_cast<int>(parameters_.size())) {
     throw DbError(dberr::kTooFewParameters,
@@ -679,17 +751,18 @@ SqliteRecordset::SqliteRecordset(std::shared_ptr<Connection> connection, QueryDe
     Materialize();
     return;
   }
-  row_stmt_ = Statement(db, "SELECT * FROM (" + query_.SQL + ") WHERE " + Quote(query_.KeyColumn) +
-                                " = ?" + std::to_string(parameters_.size() + 1));
-  pre_image_stmt_ = Statement(
-      db, "SELECT * FROM " + Quote(base_->Name) + " WHERE " + Quote(query_.KeyColumn) + " = ?1");
+  row_stmt_ =
+      connection_->Prepare("SELECT * FROM (" + query_.SQL + ") WHERE " + Quote(query_.KeyColumn) +
+                           " = ?" + std::to_string(parameters_.size() + 1));
+  pre_image_stmt_ = connection_->Prepare("SELECT * FROM " + Quote(base_->Name) + " WHERE " +
+                                         Quote(query_.KeyColumn) + " = ?1");
   std::string batch_keys;
   for (std::size_t i = 0; i < kWalkBatch; ++i) {
     if (i) batch_keys += ", ";
     batch_keys += "?" + std::to_string(parameters_.size() + 1 + i);
   }
-  batch_stmt_ = Statement(db, "SELECT * FROM (" + query_.SQL + ") WHERE " +
-                                  Quote(query_.KeyColumn) + " IN (" + batch_keys + ")");
+  batch_stmt_ = connection_->Prepare("SELECT * FROM (" + query_.SQL + ") WHERE " +
+                                     Quote(query_.KeyColumn) + " IN (" + batch_keys + ")");
   if (ChangeLog* log = ChangeLog::Current()) log->Add(this);
 }
 
@@ -734,7 +807,7 @@ void SqliteRecordset::BindParameters(Statement& stmt) {
 Statement& SqliteRecordset::WriteStatement(const std::string& sql) {
   auto it = write_stmts_.find(sql);
   if (it == write_stmts_.end()) {
-    it = write_stmts_.emplace(sql, Statement(connection_->db(), sql)).first;
+    it = write_stmts_.emplace(sql, connection_->Prepare(sql)).first;
   }
   return it->second;
 }

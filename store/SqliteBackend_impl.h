@@ -70,7 +70,9 @@ Variant ReadColumn(sqlite3_stmt* stmt, int column, ColumnKind kind);
 /// Binds `value` to parameter `index` (1-based).
 void BindValue(sqlite3* db, sqlite3_stmt* stmt, int index, const Variant& value);
 
-/// A prepared statement, finalized when it goes.
+/// A prepared statement. One made here is finalized when it goes; one
+/// taken from a connection (`Connection::Prepare`) goes back to it, reset
+/// and unbound, for the next use of the same SQL.
 class Statement {
  public:
   Statement() = default;
@@ -90,15 +92,23 @@ class Statement {
   void Reset();
 
  private:
+  friend class Connection;
+  Statement(sqlite3* db, sqlite3_stmt* stmt, Connection* home)
+      : db_(db), stmt_(stmt), home_(home) {}
+  /// Finalizes the statement or hands it back to its connection.
+  void Release() noexcept;
+
   sqlite3* db_ = nullptr;
   sqlite3_stmt* stmt_ = nullptr;
+  Connection* home_ = nullptr;  // the connection it goes back to, if any
 };
 
 /// Column names mapped to their positions without regard to case, built once
-/// so that a lookup by name costs one hash instead of a scan. Only names in
-/// ASCII are indexed (their case folds byte by byte); when any name is not,
-/// or the name looked up is not, `Find` compares with the library's full
-/// case folding one name after another, as before.
+/// so that a lookup by name costs one hash and, as a rule, one comparison
+/// instead of a scan: recordsets look their fields up by name on every row.
+/// Only names in ASCII are indexed (their case folds byte by byte); when any
+/// name is not, or the name looked up is not, `Find` compares with the
+/// library's full case folding one name after another, as before.
 class ColumnIndex {
  public:
   /// Indexes `names`; the first of equal names wins.
@@ -107,16 +117,12 @@ class ColumnIndex {
   int Find(std::string_view name) const;
 
  private:
-  struct Hash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view s) const noexcept;
-  };
-  struct Equal {
-    using is_transparent = void;
-    bool operator()(std::string_view a, std::string_view b) const noexcept;
-  };
+  int FindByScan(std::string_view name) const;
+
   std::vector<std::string> names_;
-  std::unordered_map<std::string, int, Hash, Equal> by_name_;
+  // Open addressing over a power-of-two table: position + 1 of the name
+  // hashed to the slot or probed on to it, 0 for an empty slot.
+  std::vector<int> slots_;
   bool ascii_ = true;
 };
 
@@ -154,11 +160,30 @@ class Connection {
   /// The table's columns, read once; nullptr when there is no such table.
   const TableInfo* Table(const std::string& name);
 
+  /// A statement for `sql` that no one else is using: one prepared earlier
+  /// on this connection and since handed back, or a new one. The stored
+  /// queries are opened again and again with only their parameters
+  /// changed; preparing each once per connection keeps their cost at that
+  /// of the rows they read. Every `Statement` taken here must go before the
+  /// connection (the recordsets hold the connection, so theirs do).
+  Statement Prepare(const std::string& sql);
+
  private:
+  friend class Statement;
+  /// Takes back a statement of `Prepare`, reset and unbound.
+  void Return(sqlite3_stmt* stmt) noexcept;
+
   sqlite3* db_;
   std::string path_;
   std::string file_key_;
   std::map<std::string, std::unique_ptr<TableInfo>> tables_;  // by lower-case name
+  // Statements handed back and not in use, the most recently used last;
+  // each is taken out while in use, so two users never share one.
+  struct IdleStatement {
+    std::string sql;
+    sqlite3_stmt* stmt;
+  };
+  std::vector<IdleStatement> idle_;
 };
 
 /// A dynaset, table or snapshot over one stored query or table.
