@@ -344,8 +344,11 @@ class RINGBOOK_EXPORT CFighterInFight : public Object {
   /// counting over it works on whole vector registers.
   mutable uint64_t punch_stamp_ = 0;
   mutable std::array<int32_t, 12> punch_reach_{0, 0, 0, 0, 0, 0, 0, 0, 0, 0, INT32_MAX, INT32_MAX};
-  void RebuildPunchReach(const std::array<float, 10>& ratings) const;
+  /// Out of line and cold: it runs once per change of the ratings, and
+  /// keeping it apart leaves `PunchType` without a stack frame.
+  [[gnu::noinline, gnu::cold]] void RebuildPunchReach(const CFighter& fr) const;
   int RatingsPassed(int32_t roll) const;
+  [[gnu::noinline]] int16_t ForcedPunchType() const;
 };
 
 }  // namespace ringbook
