@@ -15,10 +15,6 @@ using engine_detail::WriteEntry;
 
 constexpr int kRoundHi = CFighterInFight::kLastRound;
 
-int16_t NonNegative(int16_t value) {
-  return value < 0 ? int16_t{0} : value;
-}
-
 // The totals are 16-bit results: a sum past that range is an overflow, as the
 // runtime reports it, rather than a silently wrapped figure.
 int16_t ToInteger(int32_t sum) {
@@ -58,141 +54,67 @@ CCornerman& CFighterInFight::CutManRef() const {
   return *cut_man_;
 }
 
-// ---- Per-round tables ----
-
-int16_t CFighterInFight::AggR(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(agg_r_, iRound);
-}
-void CFighterInFight::SetAggR(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(agg_r_, iRound, value);
-}
-int16_t CFighterInFight::CfR(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(cf_r_, iRound);
-}
-void CFighterInFight::SetCfR(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(cf_r_, iRound, value);
-}
-int16_t CFighterInFight::CpR(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(cp_r_, iRound);
-}
-void CFighterInFight::SetCpR(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(cp_r_, iRound, value);
-}
-int16_t CFighterInFight::DefnR(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(defn_r_, iRound);
-}
-void CFighterInFight::SetDefnR(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(defn_r_, iRound, value);
-}
-int16_t CFighterInFight::EndrR(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(endr_r_, iRound);
-}
-void CFighterInFight::SetEndrR(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(endr_r_, iRound, NonNegative(value));
-}
-int16_t CFighterInFight::HpR(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(hp_r_, iRound);
-}
-void CFighterInFight::SetHpR(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(hp_r_, iRound, NonNegative(value));
-}
-int16_t CFighterInFight::Kdr1R(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(kdr1_r_, iRound);
-}
-void CFighterInFight::SetKdr1R(int16_t iRound, int16_t value) {
-  // Only the value before the first round is held to the record's scale;
-  // knock-downs during the bout may push later rounds past it.
-  if (iRound == 0 && value >= 11) value = 10;
-  WriteEntry<0, kRoundHi>(kdr1_r_, iRound, value);
-}
-int16_t CFighterInFight::PlR(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(pl_r_, iRound);
-}
-void CFighterInFight::SetPlR(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(pl_r_, iRound, value);
-}
-int16_t CFighterInFight::PmR(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(pm_r_, iRound);
-}
-void CFighterInFight::SetPmR(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(pm_r_, iRound, value);
-}
-int16_t CFighterInFight::PointsScored(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(points_scored_, iRound);
-}
-void CFighterInFight::SetPointsScored(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(points_scored_, iRound, NonNegative(value));
-}
-int16_t CFighterInFight::ThreeKDcount(int16_t iRound) const {
-  return ReadEntry<0, kRoundHi>(three_kd_count_, iRound);
-}
-void CFighterInFight::SetThreeKDcount(int16_t iRound, int16_t value) {
-  WriteEntry<0, kRoundHi>(three_kd_count_, iRound, value);
-}
-
-// ---- Byte tables ----
-
-uint8_t CFighterInFight::PmCount(int16_t iRound) const {
-  return ReadEntry<1, kRoundHi>(pm_count_, iRound);
-}
-void CFighterInFight::SetPmCount(int16_t iRound, int16_t value) {
-  WriteEntry<1, kRoundHi>(pm_count_, iRound, static_cast<uint8_t>(value & 0xFF));
-}
-uint8_t CFighterInFight::ClCount(int16_t iRound) const {
-  return ReadEntry<1, kRoundHi>(cl_count_, iRound);
-}
-void CFighterInFight::SetClCount(int16_t iRound, int16_t value) {
-  WriteEntry<1, kRoundHi>(cl_count_, iRound, static_cast<uint8_t>(value & 0xFF));
-}
-
-// ---- Damage ----
-
-int16_t CFighterInFight::Cut(int16_t iCutType) const {
-  return ReadEntry<1, 8>(cut_, iCutType);
-}
-void CFighterInFight::SetCut(int16_t iCutType, int16_t value) {
-  WriteEntry<1, 8>(cut_, iCutType, value);
-}
-int16_t CFighterInFight::CutOver(int16_t iWhichEye) const {
-  return ReadEntry<0, 1>(cut_over_, iWhichEye);
-}
-void CFighterInFight::SetCutOver(int16_t iWhichEye, int16_t value) {
-  WriteEntry<0, 1>(cut_over_, iWhichEye, value);
-}
-int16_t CFighterInFight::CutUnder(int16_t iWhichEye) const {
-  return ReadEntry<0, 1>(cut_under_, iWhichEye);
-}
-void CFighterInFight::SetCutUnder(int16_t iWhichEye, int16_t value) {
-  WriteEntry<0, 1>(cut_under_, iWhichEye, value);
-}
-int16_t CFighterInFight::Gash(int16_t iWhichEye) const {
-  return ReadEntry<0, 1>(gash_, iWhichEye);
-}
-void CFighterInFight::SetGash(int16_t iWhichEye, int16_t value) {
-  WriteEntry<0, 1>(gash_, iWhichEye, value);
-}
+// ---- Indexed tables ----
 
 namespace {
+
+// What a setter stores of the value it is given, by table. The index comes
+// along for the rules that hold only one entry.
+int16_t Kept(int, int16_t value) {
+  return value;
+}
+int16_t NonNegative(int, int16_t value) {
+  return value < 0 ? int16_t{0} : value;
+}
+// Only the value before the first round is held to the record's scale;
+// knock-downs during the bout may push later rounds past it.
+int16_t RecordScaleBeforeFirstRound(int index, int16_t value) {
+  return index == 0 && value >= 11 ? int16_t{10} : value;
+}
+uint8_t LowByte(int, int16_t value) {
+  return static_cast<uint8_t>(value & 0xFF);
+}
 // Swelling is a percentage of the eye closed.
-uint8_t SwellingByte(int16_t value) {
+uint8_t Percentage(int, int16_t value) {
   if (value > 100) return 100;
   if (value < 0) return 0;
   return static_cast<uint8_t>(value);
 }
+
 }  // namespace
 
-uint8_t CFighterInFight::LEyeSwelling(int16_t iElement) const {
-  return ReadEntry<0, 1>(l_eye_swelling_, iElement);
-}
-void CFighterInFight::SetLEyeSwelling(int16_t iElement, int16_t value) {
-  WriteEntry<0, 1>(l_eye_swelling_, iElement, SwellingByte(value));
-}
-uint8_t CFighterInFight::REyeSwelling(int16_t iElement) const {
-  return ReadEntry<0, 1>(r_eye_swelling_, iElement);
-}
-void CFighterInFight::SetREyeSwelling(int16_t iElement, int16_t value) {
-  WriteEntry<0, 1>(r_eye_swelling_, iElement, SwellingByte(value));
-}
+// One getter and setter pair of a table indexed `lo` to `hi`; the setter
+// stores `rule(index, value)`. Out-of-range indexes are handled by
+// ReadEntry/WriteEntry.
+#define RINGBOOK_INDEXED_TABLE(Name, table, lo, hi, rule)                        \
+  auto CFighterInFight::Name(int16_t index) const->decltype(table)::value_type { \
+    return ReadEntry<lo, hi>(table, index);                                      \
+  }                                                                              \
+  void CFighterInFight::Set##Name(int16_t index, int16_t value) {                \
+    WriteEntry<lo, hi>(table, index, rule(index, value));                        \
+  }
+
+RINGBOOK_INDEXED_TABLE(AggR, agg_r_, 0, kRoundHi, Kept)
+RINGBOOK_INDEXED_TABLE(CfR, cf_r_, 0, kRoundHi, Kept)
+RINGBOOK_INDEXED_TABLE(CpR, cp_r_, 0, kRoundHi, Kept)
+RINGBOOK_INDEXED_TABLE(DefnR, defn_r_, 0, kRoundHi, Kept)
+RINGBOOK_INDEXED_TABLE(EndrR, endr_r_, 0, kRoundHi, NonNegative)
+RINGBOOK_INDEXED_TABLE(HpR, hp_r_, 0, kRoundHi, NonNegative)
+RINGBOOK_INDEXED_TABLE(Kdr1R, kdr1_r_, 0, kRoundHi, RecordScaleBeforeFirstRound)
+RINGBOOK_INDEXED_TABLE(PlR, pl_r_, 0, kRoundHi, Kept)
+RINGBOOK_INDEXED_TABLE(PmR, pm_r_, 0, kRoundHi, Kept)
+RINGBOOK_INDEXED_TABLE(PointsScored, points_scored_, 0, kRoundHi, NonNegative)
+RINGBOOK_INDEXED_TABLE(ThreeKDcount, three_kd_count_, 0, kRoundHi, Kept)
+RINGBOOK_INDEXED_TABLE(PmCount, pm_count_, 1, kRoundHi, LowByte)
+RINGBOOK_INDEXED_TABLE(ClCount, cl_count_, 1, kRoundHi, LowByte)
+RINGBOOK_INDEXED_TABLE(Cut, cut_, 1, 8, Kept)
+RINGBOOK_INDEXED_TABLE(CutOver, cut_over_, 0, 1, Kept)
+RINGBOOK_INDEXED_TABLE(CutUnder, cut_under_, 0, 1, Kept)
+RINGBOOK_INDEXED_TABLE(Gash, gash_, 0, 1, Kept)
+RINGBOOK_INDEXED_TABLE(LEyeSwelling, l_eye_swelling_, 0, 1, Percentage)
+RINGBOOK_INDEXED_TABLE(REyeSwelling, r_eye_swelling_, 0, 1, Percentage)
+
+#undef RINGBOOK_INDEXED_TABLE
 
 // ---- Counts and cards ----
 
