@@ -158,16 +158,13 @@ TEST_F(ChainTest, MissingRefereeFailsAfterTheEarlierSteps) {
 
 // ---- The fixed adjustments ----
 
-TEST(RefereeAdjustmentTest, StoppageMovesTko) {
+TEST(RefereeAdjustmentTest, StoppageMovesTkoAndTheRecordKeepsItAtLeastOne) {
   CFighterInFight f;
-  f.FR()->SetTko(3);
-  for (int16_t stoppage : {0, 1, 3, -1}) f.AdjustForReferee(stoppage);
-  EXPECT_EQ(f.FR()->Tko(), 4);
-  f.AdjustForReferee(2);
-  EXPECT_EQ(f.FR()->Tko(), 3);
   f.FR()->SetTko(1);
-  f.AdjustForReferee(2);
-  EXPECT_EQ(f.FR()->Tko(), 1);
+  for (int16_t stoppage : {0, 1, 3, -1, 2, 2}) f.AdjustForReferee(stoppage);
+  EXPECT_EQ(f.FR()->Tko(), 1);  // 1 + 1 - 1, then held at 1
+  f.AdjustForReferee(0);
+  EXPECT_EQ(f.FR()->Tko(), 2);
 }
 
 TEST(SouthPawAdjustmentTest, OnlyTheOrthodoxFighterFacingASouthPawLoses) {
@@ -239,11 +236,9 @@ TEST(TrainingAdjustmentTest, TrainerGradeCampRollAndHostStepsSetTheGains) {
   const Case cases[] = {
       // The documented example: a grade-2 trainer and a good camp.
       {etfOffense, 7, 95, 0, 3, {.pl = 1, .cp = 1, .hp = 1}},
-      {etfOffense, 7, 4, 0, 1, {.pl = 1}},
       {etfBalanced, 4, 10, 0, 0, {}},  // a bad camp wipes out the one step
       {etfBalanced, 4, 11, 0, 1, {.pl = 1}},
       {etfBalanced, 4, 91, 0, 2, {.pl = 1, .defn = 1}},
-      {etfBalanced, 0, 50, 1, 1, {.pl = 1}},
       // Lost steps come back off the same ratings; -6 is held at -2.
       {etfDefense, 0, 1, -5, -2, {.defn = -1, .kdr1 = 1}},
       // 3 + 1 + 4 is held at 3: no rating moves by more than one.
@@ -315,7 +310,6 @@ TEST(CareerStageAdjustmentTest, EachStageAndTheTrainersMotivation) {
   const Case cases[] = {
       {ecsNovice, 0, 1, {.pl = -1, .defn = -1, .e10 = 1, .kdr1 = 1, .ki = -1}},
       {ecsRising, 0, 0, {.e10 = 1, .ki = 1}},
-      {ecsPrime, 0, 0, {}},
       {12, 0, 0, {}},  // not a stage
       // The documented example: Motivate 6 (30 %) and a roll of 42.
       {ecsVeteran, 6, 42, {.defn = 1, .e10 = -1, .kor = 1}},
@@ -368,7 +362,6 @@ TEST(ConditioningAdjustmentTest, ConditionRowsAndTheFightersOwnHabits) {
     int16_t cf_modifier;
   };
   const Case cases[] = {
-      {ecnPoor, 0, 1, {.pl = -1, .defn = -1, .e10 = -3, .kdr1 = 1}, -2},
       // The documented example: Conditioning 8 (40 %), roll 25: halved.
       {ecnPoor, 8, 25, {.e10 = -1}, -1},
       {ecnPoor, 8, 41, {.pl = -1, .defn = -1, .e10 = -3, .kdr1 = 1}, -2},
