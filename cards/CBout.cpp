@@ -1,6 +1,7 @@
 #include "cards/CBout.h"
 
 #include <cassert>
+#include <type_traits>
 #include <utility>
 
 #include "core/Error.h"
@@ -19,8 +20,6 @@ int16_t Checked16(int32_t value) {
   return static_cast<int16_t>(value);
 }
 
-const std::string kNoName;
-
 }  // namespace
 
 CBout::CBout() : options_(std::make_shared<COptions>()) {}
@@ -35,100 +34,100 @@ const CBout::Fighter* CBout::At(int16_t index) const {
   return const_cast<CBout*>(this)->At(index);
 }
 
+template <typename T>
+const T& CBout::Get(int16_t index, T Fighter::*field) const {
+  static const T none{};
+  const Fighter* f = At(index);
+  return f ? f->*field : none;
+}
+
+template <typename T>
+void CBout::Put(int16_t index, T Fighter::*field, const std::type_identity_t<T>& value) {
+  if (Fighter* f = At(index)) f->*field = value;
+}
+
 int32_t CBout::CutManID(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->cut_man_id : 0;
+  return Get(Index, &Fighter::cut_man_id);
 }
 void CBout::SetCutManID(int16_t Index, int32_t value) {
-  if (Fighter* f = At(Index)) f->cut_man_id = value;
+  Put(Index, &Fighter::cut_man_id, value);
 }
 
 int16_t CBout::CareerStage(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->career_stage : 0;
+  return Get(Index, &Fighter::career_stage);
 }
 void CBout::SetCareerStage(int16_t Index, int16_t value) {
-  if (Fighter* f = At(Index)) f->career_stage = value;
+  Put(Index, &Fighter::career_stage, value);
 }
 
 int16_t CBout::Conditioning(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->conditioning : 0;
+  return Get(Index, &Fighter::conditioning);
 }
 void CBout::SetConditioning(int16_t Index, int16_t value) {
-  if (Fighter* f = At(Index)) f->conditioning = value;
+  Put(Index, &Fighter::conditioning, value);
 }
 
 int16_t CBout::DrawPower(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->draw_power : 0;
+  return Get(Index, &Fighter::draw_power);
 }
 void CBout::SetDrawPower(int16_t Index, int16_t value) {
-  if (Fighter* f = At(Index)) f->draw_power = value;
+  Put(Index, &Fighter::draw_power, value);
 }
 
 const std::string& CBout::FighterFirstName(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->first_name : kNoName;
+  return Get(Index, &Fighter::first_name);
 }
 void CBout::SetFighterFirstName(int16_t Index, const std::string& value) {
-  if (Fighter* f = At(Index)) f->first_name = value;
+  Put(Index, &Fighter::first_name, value);
 }
 
 const std::string& CBout::FighterLastName(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->last_name : kNoName;
+  return Get(Index, &Fighter::last_name);
 }
 void CBout::SetFighterLastName(int16_t Index, const std::string& value) {
-  if (Fighter* f = At(Index)) f->last_name = value;
+  Put(Index, &Fighter::last_name, value);
 }
 
 int32_t CBout::FighterID(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->id : 0;
+  return Get(Index, &Fighter::id);
 }
 void CBout::SetFighterID(int16_t Index, int32_t value) {
-  if (Fighter* f = At(Index)) f->id = value;
+  Put(Index, &Fighter::id, value);
 }
 
 int16_t CBout::Rating(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->rating : 0;
+  return Get(Index, &Fighter::rating);
 }
 void CBout::SetRating(int16_t Index, int16_t value) {
-  if (Fighter* f = At(Index)) f->rating = value;
+  Put(Index, &Fighter::rating, value);
 }
 
 int32_t CBout::Wager(int16_t WhichFighter) const {
-  const Fighter* f = At(WhichFighter);
-  return f ? f->wager : 0;
+  return Get(WhichFighter, &Fighter::wager);
 }
 void CBout::SetWager(int16_t WhichFighter, int32_t value) {
-  if (Fighter* f = At(WhichFighter)) f->wager = value;
+  Put(WhichFighter, &Fighter::wager, value);
 }
 
 int16_t CBout::Style(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->style : 0;
+  return Get(Index, &Fighter::style);
 }
 void CBout::SetStyle(int16_t Index, int16_t value) {
-  if (Fighter* f = At(Index)) f->style = value;
+  Put(Index, &Fighter::style, value);
 }
 
 int32_t CBout::TrainerID(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->trainer_id : 0;
+  return Get(Index, &Fighter::trainer_id);
 }
 void CBout::SetTrainerID(int16_t Index, int32_t value) {
-  if (Fighter* f = At(Index)) f->trainer_id = value;
+  Put(Index, &Fighter::trainer_id, value);
 }
 
 int16_t CBout::Training(int16_t Index) const {
-  const Fighter* f = At(Index);
-  return f ? f->training : 0;
+  return Get(Index, &Fighter::training);
 }
 void CBout::SetTraining(int16_t Index, int16_t value) {
-  if (Fighter* f = At(Index)) f->training = value;
+  Put(Index, &Fighter::training, value);
 }
 
 int16_t CBout::Total(int16_t index) const {

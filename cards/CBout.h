@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <type_traits>
 
 #include "core/CStream.h"
 #include "core/Export.h"
@@ -184,6 +185,12 @@ class RINGBOOK_EXPORT CBout : public Object, public StreamRecord {
   Fighter* At(int16_t index);
   const Fighter* At(int16_t index) const;
   int16_t Total(int16_t index) const;
+  /// One field of fighter `index`: every per-fighter property goes through
+  /// these two, so the index rule above is stated once.
+  template <typename T>
+  const T& Get(int16_t index, T Fighter::*field) const;
+  template <typename T>
+  void Put(int16_t index, T Fighter::*field, const std::type_identity_t<T>& value);
 
   std::shared_ptr<COptions> options_;
   std::array<Fighter, 2> fighters_;

@@ -20,10 +20,6 @@ float NonNegative(float value) {
   return value >= 0 ? value : 0.0f;
 }
 
-int16_t AtLeast(int16_t value, int16_t floor) {
-  return value < floor ? floor : value;
-}
-
 // A 32-bit sum as the runtime adds Longs: past the range is an overflow.
 int32_t AddLong(int32_t a, int32_t b) {
   const int64_t sum = static_cast<int64_t>(a) + b;
@@ -52,80 +48,19 @@ void CFighter::SetPunchRating(float& field, float value) {
   punch_stamp_ = last_stamp.fetch_add(1, std::memory_order_relaxed) + 1;
 }
 
-void CFighter::SetCb2(float value) {
-  SetPunchRating(cb2_, value);
-}
-void CFighter::SetCb3(float value) {
-  SetPunchRating(cb3_, value);
-}
-void CFighter::SetCr2(float value) {
-  SetPunchRating(cr2_, value);
-}
-void CFighter::SetCr3(float value) {
-  SetPunchRating(cr3_, value);
-}
-void CFighter::SetH2(float value) {
-  SetPunchRating(h2_, value);
-}
-void CFighter::SetH3(float value) {
-  SetPunchRating(h3_, value);
-}
-void CFighter::SetJ2(float value) {
-  SetPunchRating(j2_, value);
-}
-void CFighter::SetJ3(float value) {
-  SetPunchRating(j3_, value);
-}
-void CFighter::SetU2(float value) {
-  SetPunchRating(u2_, value);
-}
-void CFighter::SetU3(float value) {
-  SetPunchRating(u3_, value);
-}
-
-void CFighter::SetCu(int16_t value) {
-  SetProfile(cu_, AtLeast(value, 0));
-}
-void CFighter::SetE10(int16_t value) {
-  SetProfile(e10_, AtLeast(value, 0));
-}
-void CFighter::SetFi(int16_t value) {
-  SetProfile(fi_, AtLeast(value, 0));
-}
-void CFighter::SetFo(int16_t value) {
-  SetProfile(fo_, AtLeast(value, 0));
-}
-void CFighter::SetKo(int16_t value) {
-  SetProfile(ko_, AtLeast(value, 0));
-}
-// A TKO rating below 1 would never let a stoppage happen; 1 is its floor.
-void CFighter::SetTko(int16_t value) {
-  SetProfile(tko_, AtLeast(value, 1));
-}
-
-void CFighter::SetSex(int16_t value) {
-  SetProfile(sex_, static_cast<uint8_t>(value & 0xFF));
-}
-void CFighter::SetSkinColor(int16_t value) {
-  SetProfile(skin_color_, static_cast<uint8_t>(value & 0xFF));
-}
-void CFighter::SetSouthPaw(int16_t value) {
-  SetProfile(south_paw_, static_cast<uint8_t>(value & 0xFF));
+void CFighter::SetProfileName(std::string& field, const std::string& value, std::size_t chars) {
+  SetProfile(field, text::Trim(text::Left(value, chars)));
+  RebuildFullName();
 }
 
 void CFighter::SetFirstName(const std::string& value) {
-  SetProfile(first_name_, text::Trim(text::Left(value, kNameChars)));
-  RebuildFullName();
+  SetProfileName(first_name_, value, kNameChars);
 }
-
 void CFighter::SetLastName(const std::string& value) {
-  SetProfile(last_name_, text::Trim(text::Left(value, kNameChars)));
-  RebuildFullName();
+  SetProfileName(last_name_, value, kNameChars);
 }
-
 void CFighter::SetNickName(const std::string& value) {
-  SetProfile(nick_name_, text::Trim(text::Left(value, kNickNameChars)));
-  RebuildFullName();
+  SetProfileName(nick_name_, value, kNickNameChars);
 }
 
 void CFighter::RebuildFullName() {

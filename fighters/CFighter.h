@@ -35,9 +35,9 @@ class RINGBOOK_EXPORT CFighter : public Object {
   /// The ten float ratings (`Cb2`, `Cb3`, `Cr2`, `Cr3`, `H2`, `H3`, `J2`,
   /// `J3`, `U2`, `U3`) store anything that is not >= 0 (negative or NaN) as 0.
   float Cb2() const { return cb2_; }
-  void SetCb2(float value);
+  void SetCb2(float value) { SetPunchRating(cb2_, value); }
   float Cb3() const { return cb3_; }
-  void SetCb3(float value);
+  void SetCb3(float value) { SetPunchRating(cb3_, value); }
 
   int16_t Cfb() const { return cfb_; }
   void SetCfb(int16_t value) { SetProfile(cfb_, value); }
@@ -51,13 +51,13 @@ class RINGBOOK_EXPORT CFighter : public Object {
   void SetCp(int16_t value) { SetProfile(cp_, value); }
 
   float Cr2() const { return cr2_; }
-  void SetCr2(float value);
+  void SetCr2(float value) { SetPunchRating(cr2_, value); }
   float Cr3() const { return cr3_; }
-  void SetCr3(float value);
+  void SetCr3(float value) { SetPunchRating(cr3_, value); }
 
   /// Floors at 0.
   int16_t Cu() const { return cu_; }
-  void SetCu(int16_t value);
+  void SetCu(int16_t value) { SetProfileAtLeast(cu_, value, 0); }
 
   /// `ID` of the fighter's cut man (a cornerman). Raises no flag.
   int32_t CutManID() const { return cut_man_id_; }
@@ -76,14 +76,14 @@ class RINGBOOK_EXPORT CFighter : public Object {
 
   /// Floors at 0.
   int16_t E10() const { return e10_; }
-  void SetE10(int16_t value);
+  void SetE10(int16_t value) { SetProfileAtLeast(e10_, value, 0); }
 
   int16_t FastSlow() const { return fast_slow_; }
   void SetFastSlow(int16_t value) { SetProfile(fast_slow_, value); }
 
   /// Floors at 0.
   int16_t Fi() const { return fi_; }
-  void SetFi(int16_t value);
+  void SetFi(int16_t value) { SetProfileAtLeast(fi_, value, 0); }
 
   /// Keeps the first 25 characters (code points) of `value`, trimmed of
   /// blanks, and recomposes the full name.
@@ -92,7 +92,7 @@ class RINGBOOK_EXPORT CFighter : public Object {
 
   /// Floors at 0.
   int16_t Fo() const { return fo_; }
-  void SetFo(int16_t value);
+  void SetFo(int16_t value) { SetProfileAtLeast(fo_, value, 0); }
 
   int16_t Fouls() const { return fouls_; }
   void SetFouls(int16_t value) { SetProfile(fouls_, value); }
@@ -106,9 +106,9 @@ class RINGBOOK_EXPORT CFighter : public Object {
   void SetGroupID(const std::string& value);
 
   float H2() const { return h2_; }
-  void SetH2(float value);
+  void SetH2(float value) { SetPunchRating(h2_, value); }
   float H3() const { return h3_; }
-  void SetH3(float value);
+  void SetH3(float value) { SetPunchRating(h3_, value); }
 
   int16_t Hp() const { return hp_; }
   void SetHp(int16_t value) { SetProfile(hp_, value); }
@@ -122,9 +122,9 @@ class RINGBOOK_EXPORT CFighter : public Object {
   void SetIcor(int16_t value) { SetProfile(icor_, value); }
 
   float J2() const { return j2_; }
-  void SetJ2(float value);
+  void SetJ2(float value) { SetPunchRating(j2_, value); }
   float J3() const { return j3_; }
-  void SetJ3(float value);
+  void SetJ3(float value) { SetPunchRating(j3_, value); }
 
   int16_t Kdr1() const { return kdr1_; }
   void SetKdr1(int16_t value) { SetProfile(kdr1_, value); }
@@ -135,7 +135,7 @@ class RINGBOOK_EXPORT CFighter : public Object {
 
   /// Floors at 0.
   int16_t Ko() const { return ko_; }
-  void SetKo(int16_t value);
+  void SetKo(int16_t value) { SetProfileAtLeast(ko_, value, 0); }
 
   /// Deliberately the other way round from every other rating: reading
   /// `Kor` raises the profile flag, setting it raises none.
@@ -175,24 +175,25 @@ class RINGBOOK_EXPORT CFighter : public Object {
   /// `Sex`, `SkinColor` and `SouthPaw` are stored in one byte: the setter
   /// keeps the low byte of `value` (257 reads back as 1, -1 as 255).
   int16_t Sex() const { return sex_; }
-  void SetSex(int16_t value);
+  void SetSex(int16_t value) { SetProfileLowByte(sex_, value); }
   int16_t SkinColor() const { return skin_color_; }
-  void SetSkinColor(int16_t value);
+  void SetSkinColor(int16_t value) { SetProfileLowByte(skin_color_, value); }
   /// 0 for an orthodox fighter, anything else for a south-paw.
   int16_t SouthPaw() const { return south_paw_; }
-  void SetSouthPaw(int16_t value);
+  void SetSouthPaw(int16_t value) { SetProfileLowByte(south_paw_, value); }
 
   int16_t Style() const { return style_; }
   void SetStyle(int16_t value) { SetProfile(style_, value); }
 
-  /// Floors at 1 (not 0, unlike the other clamped ratings).
+  /// Floors at 1 (not 0, unlike the other clamped ratings): a TKO rating
+  /// below 1 would never let a stoppage happen.
   int16_t Tko() const { return tko_; }
-  void SetTko(int16_t value);
+  void SetTko(int16_t value) { SetProfileAtLeast(tko_, value, 1); }
 
   float U2() const { return u2_; }
-  void SetU2(float value);
+  void SetU2(float value) { SetPunchRating(u2_, value); }
   float U3() const { return u3_; }
-  void SetU3(float value);
+  void SetU3(float value) { SetPunchRating(u3_, value); }
 
   /// Raise no flag.
   int16_t Intellect() const { return intellect_; }
@@ -320,7 +321,16 @@ class RINGBOOK_EXPORT CFighter : public Object {
     field = value;
     career_dirty_ = true;
   }
+  // The profile setters differ only in the floor they apply before raising
+  // the profile flag.
+  void SetProfileAtLeast(int16_t& field, int16_t value, int16_t floor) {
+    SetProfile(field, value < floor ? floor : value);
+  }
+  void SetProfileLowByte(uint8_t& field, int16_t value) {
+    SetProfile(field, static_cast<uint8_t>(value & 0xFF));
+  }
   void SetPunchRating(float& field, float value);
+  void SetProfileName(std::string& field, const std::string& value, std::size_t chars);
   void RebuildFullName();
 
   int16_t active_retired_ = 0;

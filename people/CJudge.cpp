@@ -1,7 +1,5 @@
 #include "people/CJudge.h"
 
-#include "people/PersonName_impl.h"
-
 namespace ringbook {
 namespace {
 // Marker history of the judge's record: 1000002 added a 16-bit bias, 1000003
@@ -10,24 +8,10 @@ constexpr int32_t kMarkerShortBias = 1000002;
 constexpr int32_t kMarkerLongBias = 1000003;
 }  // namespace
 
-void CJudge::SetFirstName(const std::string& value) {
-  first_name_ = value;
-  BuildName();
-}
-
-void CJudge::SetLastName(const std::string& value) {
-  last_name_ = value;
-  BuildName();
-}
-
-void CJudge::BuildName() {
-  name_ = people_impl::JoinFirstLast(first_name_, last_name_);
-}
-
 void CJudge::Clone(CJudge& target) const {
   target.SetID(id_);
-  target.SetFirstName(first_name_);
-  target.SetLastName(last_name_);
+  target.SetFirstName(FirstName());
+  target.SetLastName(LastName());
   target.SetBias(bias_);
   target.SetEra(era_);
 }
@@ -35,8 +19,7 @@ void CJudge::Clone(CJudge& target) const {
 void CJudge::WriteToStream(CStream& stream) {
   stream.WriteLng(kMarkerLongBias);
   stream.WriteLng(id_);
-  stream.WriteStr(first_name_);
-  stream.WriteStr(last_name_);
+  names_.Write(stream);
   stream.WriteInt(era_);
   stream.WriteLng(bias_);
 }
@@ -44,8 +27,7 @@ void CJudge::WriteToStream(CStream& stream) {
 void CJudge::ReadFromStream(CStream& stream) {
   const int32_t marker = stream.ReadLng();
   SetID(stream.ReadLng());
-  SetFirstName(stream.ReadStr());
-  SetLastName(stream.ReadStr());
+  names_.Read(stream);
   SetEra(stream.ReadInt());
   if (marker == kMarkerShortBias) {
     SetBias(stream.ReadInt());

@@ -7,6 +7,7 @@
 #include "core/Export.h"
 #include "core/Object.h"
 #include "core/StreamRecord.h"
+#include "people/PersonName_impl.h"
 
 namespace ringbook {
 
@@ -26,8 +27,8 @@ class RINGBOOK_EXPORT CJudge : public Object, public StreamRecord {
   void SetEra(int16_t value) { era_ = value; }
 
   /// Stored as given; setting it rebuilds `Name`.
-  const std::string& FirstName() const { return first_name_; }
-  void SetFirstName(const std::string& value);
+  const std::string& FirstName() const { return names_.First(); }
+  void SetFirstName(const std::string& value) { names_.SetFirst(value); }
 
   /// Key of the row ("JudgeID"); 0 when not stored.
   int32_t ID() const { return id_; }
@@ -35,12 +36,12 @@ class RINGBOOK_EXPORT CJudge : public Object, public StreamRecord {
   void SetID(int32_t value) { id_ = value; }
 
   /// Stored as given; setting it rebuilds `Name`.
-  const std::string& LastName() const { return last_name_; }
-  void SetLastName(const std::string& value);
+  const std::string& LastName() const { return names_.Last(); }
+  void SetLastName(const std::string& value) { names_.SetLast(value); }
 
   /// The trimmed first name, one blank and the trimmed last name; the blank
   /// is always there (a judge with neither name is named " ").
-  const std::string& Name() const { return name_; }
+  const std::string& Name() const { return names_.Name(); }
 
   /// Component-internal: the judge's record inside a saved file. Written as
   /// marker 1000003, `ID`, `FirstName`, `LastName`, `Era` (16-bit) and
@@ -52,14 +53,10 @@ class RINGBOOK_EXPORT CJudge : public Object, public StreamRecord {
   void ReadFromStream(CStream& stream) override;
 
  private:
-  void BuildName();
-
   int32_t bias_ = 0;
   int16_t era_ = 0;
-  std::string first_name_;
   int32_t id_ = 0;
-  std::string last_name_;
-  std::string name_ = " ";
+  people_impl::FirstLastName names_;
 };
 
 }  // namespace ringbook
