@@ -6,6 +6,7 @@
 
 #include "core/DateTime.h"
 #include "support/Bytes.h"
+#include "support/DamagedFile.h"
 #include "support/RecordBytes.h"
 #include "support/TempSettings.h"
 
@@ -174,19 +175,11 @@ TEST(CFightCardTest, RoundTripKeepsEverythingButWagersAndDisplayFlags) {
 
   CFightCard loaded;
   loaded.LoadFromFile(env.File("card.rbc"));
-  EXPECT_EQ(loaded.Era(), 3);
+  loaded.SaveToFile(env.File("again.rbc"));
+  EXPECT_EQ(ReadFileBytes(env.File("again.rbc")), ReadFileBytes(env.File("card.rbc")));
   EXPECT_EQ(loaded.FightDate(), 45000.75);
-  EXPECT_EQ(loaded.Name(), "Fight Night");
-  EXPECT_EQ(loaded.Location()->Name(), card.Location()->Name());
-  EXPECT_EQ(loaded.Location()->ID(), 4);
-  for (int16_t i = 1; i <= 4; ++i) {
-    EXPECT_EQ(loaded.Bout(i)->Description(), card.Bout(i)->Description());
-    EXPECT_EQ(loaded.BoutRating(i), card.BoutRating(i));
-    EXPECT_EQ(loaded.FighterRating(i, 1), card.FighterRating(i, 1));
-    EXPECT_TRUE(loaded.DisplayFight(i));
-  }
-  EXPECT_EQ(loaded.Bout(4)->Options()->Rounds(), 15);
   EXPECT_EQ(loaded.Bout(4)->Options()->Judge(2)->Bias(), -7);
+  EXPECT_TRUE(loaded.DisplayFight(2));
   EXPECT_EQ(loaded.Bout(3)->Wager(1), 0);
   EXPECT_EQ(loaded.Bout(3)->Winner(), 0);
   EXPECT_FALSE(loaded.WagersPlaced());
@@ -263,10 +256,9 @@ TEST(CFightCardTest, TruncatedAndDamagedFilesLoadWithoutHarm) {
   const auto good = ReadFileBytes(env.File("card.rbc"));
 
   CFightCard loaded;
-  for (std::size_t cut = 0; cut < good.size(); cut += 3) {
-    WriteFileBytes(env.File("cut.rbc"), std::vector<uint8_t>(good.begin(), good.begin() + cut));
-    loaded.LoadFromFile(env.File("cut.rbc"));
-  }
+  test::LoadDamagedCopies(env.File("bad.rbc"), good,
+                          {.cut_step = 3, .rounds = 200, .flips = 4, .seed = 12345},
+                          [&] { loaded.LoadFromFile(env.File("bad.rbc")); });
   // Cut right after the header: the bouts and location read as empty.
   WriteFileBytes(env.File("cut.rbc"), CardHeader().Get());
   loaded.LoadFromFile(env.File("cut.rbc"));
@@ -274,18 +266,6 @@ TEST(CFightCardTest, TruncatedAndDamagedFilesLoadWithoutHarm) {
   EXPECT_EQ(loaded.Bout(1)->FighterName(1), "");
   EXPECT_EQ(loaded.Rating(), 0);
   EXPECT_EQ(LastError().Number, errnum::kStreamEof);
-
-  // Flipped bytes, including string counts that claim gigabytes.
-  uint32_t seed = 12345;
-  for (int round = 0; round < 200; ++round) {
-    auto damaged = good;
-    for (int k = 0; k < 4; ++k) {
-      seed = seed * 1103515245u + 12345u;
-      damaged[(seed >> 8) % damaged.size()] = static_cast<uint8_t>(seed >> 24);
-    }
-    WriteFileBytes(env.File("bad.rbc"), damaged);
-    loaded.LoadFromFile(env.File("bad.rbc"));
-  }
   // A missing file loads as nothing.
   loaded.LoadFromFile(env.File("none.rbc"));
   EXPECT_EQ(loaded.Name(), "");

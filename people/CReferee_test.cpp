@@ -38,58 +38,35 @@ TEST(CRefereeTest, NameKeepsTheBlankBetweenTrimmedParts) {
   EXPECT_EQ(ref.Name(), " ");
 }
 
-TEST(CRefereeTest, CloneCopiesEverythingButTheRating) {
-  const CReferee source = MakeReferee();
-  CReferee target;
-  target.SetRating(3);
-  source.Clone(target);
-
-  EXPECT_EQ(target.Rating(), 3);
-  EXPECT_EQ(target.ID(), 31);
-  EXPECT_EQ(target.FirstName(), " Max ");
-  EXPECT_EQ(target.LastName(), "Stone");
-  EXPECT_EQ(target.Name(), "Max Stone");
-  EXPECT_EQ(target.Era(), 3);
-  EXPECT_EQ(target.ActiveRetired(), 1);
-  EXPECT_EQ(target.Fouls(), 2);
-  EXPECT_EQ(target.Judgement(), -1);
-  EXPECT_EQ(target.Stoppage(), 300);
-}
-
-TEST(CRefereeTest, RecordHoldsTenValuesInOrder) {
+TEST(CRefereeTest, RecordHoldsTenValuesInOrderAndCloneLeavesTheRatingOut) {
   TempDir dir;
   CReferee ref = MakeReferee();
   ref.SaveToFile(dir.File("ref.bin"));
 
-  const auto expected = Bytes()
-                            .Lng(1000001)
-                            .Lng(31)
-                            .Str(" Max ")
-                            .Str("Stone")
-                            .Int(3)    // Era
-                            .Int(1)    // ActiveRetired
-                            .Int(2)    // Fouls
-                            .Int(-1)   // Judgement
-                            .Int(7)    // Rating
-                            .Int(300)  // Stoppage
-                            .Get();
+  // Era, ActiveRetired, Fouls, Judgement, Rating and Stoppage after the names.
+  Bytes record;
+  record.Lng(1000001).Lng(31).Str(" Max ").Str("Stone");
+  record.Int(3).Int(1).Int(2).Int(-1).Int(7).Int(300);
+  const auto& expected = record.Get();
   EXPECT_EQ(ReadFileBytes(dir.File("ref.bin")), expected);
+
+  // A clone carries everything but the rating.
+  CReferee target;
+  target.SetRating(3);
+  ref.Clone(target);
+  EXPECT_EQ(target.Rating(), 3);
+  EXPECT_EQ(target.Name(), "Max Stone");
+  target.SetRating(7);
+  target.SaveToFile(dir.File("clone.bin"));
+  EXPECT_EQ(ReadFileBytes(dir.File("clone.bin")), expected);
 }
 
 TEST(CRefereeTest, RecordReadsBackEveryFieldTheRatingIncluded) {
   TempDir dir;
-  WriteFileBytes(dir.File("ref.bin"), Bytes()
-                                          .Lng(77)  // the marker is not checked
-                                          .Lng(-4)
-                                          .Str("Al")
-                                          .Str("Ray")
-                                          .Int(5)
-                                          .Int(0)
-                                          .Int(1)
-                                          .Int(2)
-                                          .Int(-9)
-                                          .Int(2)
-                                          .Get());
+  // The marker is not checked.
+  Bytes record;
+  record.Lng(77).Lng(-4).Str("Al").Str("Ray").Int(5).Int(0).Int(1).Int(2).Int(-9).Int(2);
+  WriteFileBytes(dir.File("ref.bin"), record.Get());
   CReferee ref;
   ref.LoadFromFile(dir.File("ref.bin"));
   EXPECT_EQ(ref.ID(), -4);

@@ -12,67 +12,21 @@
 #include "core/HostServices.h"
 #include "schedule/CSortHelper.h"
 #include "schedule/ISortedObject.h"
+#include "support/ListBoxDouble.h"
+#include "support/MessageSinkDouble.h"
+#include "support/SortedItem.h"
 
 namespace ringbook {
 namespace {
-
-// A sorted object with a tag that tells equal keys apart.
-class Tagged : public ISortedObject {
- public:
-  Tagged(Variant key, std::string tag) : key_(std::move(key)), tag_(std::move(tag)) {}
-  Variant SortKey() const override { return key_; }
-  const std::string& Tag() const { return tag_; }
-
- private:
-  Variant key_;
-  std::string tag_;
-};
 
 class FailingKey : public ISortedObject {
  public:
   Variant SortKey() const override { throw Error(errnum::kStreamOpen, "Host", "cannot read"); }
 };
 
-Variant Item(Variant key, std::string tag = "") {
-  return Variant(std::make_shared<Tagged>(std::move(key), std::move(tag)));
-}
-
 std::string TagAt(CKeyedCollection& items, int32_t position) {
-  return items.Item(Variant(position)).As<Tagged>()->Tag();
+  return items.Item(Variant(position)).As<test::SortedItem>()->Tag();
 }
-
-class FakeList : public IListControl {
- public:
-  bool IsListBox() const override { return true; }
-  void Clear() override { items.clear(); }
-  void AddItem(const std::string& text, int32_t index) override {
-    if (index < 0) index = static_cast<int32_t>(items.size());
-    items.insert(items.begin() + index, text);
-    new_index = index;
-  }
-  int32_t NewIndex() const override { return new_index; }
-  int32_t ItemData(int32_t) const override { return 0; }
-  void SetItemData(int32_t, int32_t) override {}
-  Variant ItemTag(int32_t) const override { return {}; }
-  void SetItemTag(int32_t, const Variant&) override {}
-  int32_t ListCount() const override { return static_cast<int32_t>(items.size()); }
-  int32_t ListIndex() const override { return -1; }
-  void SetListIndex(int32_t) override {}
-  bool Selected(int32_t) const override { return false; }
-  void SetSelected(int32_t, bool) override {}
-  void RemoveItem(int32_t index) override { items.erase(items.begin() + index); }
-  void Refresh() override {}
-  void SetFontBold(bool) override {}
-
-  std::vector<std::string> items;
-  int32_t new_index = -1;
-};
-
-class QuietSink : public IMessageSink {
- public:
-  void Show(const std::string& text) override { shown.push_back(text); }
-  std::vector<std::string> shown;
-};
 
 std::string Values(CKeyedCollection& items) {
   std::string out;
@@ -177,7 +131,7 @@ TEST(CKeyedCollectionTest, ErrorsAreRecordedAndChangeNothing) {
 
 TEST(CKeyedCollectionTest, SortedCanChangeOnlyWhileEmpty) {
   CKeyedCollection items;
-  items.Add(Item("a"));
+  items.Add(test::Sorted("a"));
   for (bool raise : {false, true}) {
     items.SetmgRaiseErrors(raise);
     try {
@@ -195,7 +149,7 @@ TEST(CKeyedCollectionTest, SortedCanChangeOnlyWhileEmpty) {
   items.SetSorted(true);
   EXPECT_TRUE(items.Sorted());
   EXPECT_EQ(items.mgErr(), 0);
-  items.Add(Item("b"));
+  items.Add(test::Sorted("b"));
   EXPECT_THROW(items.SetSorted(true), Error);
   EXPECT_TRUE(items.Sorted());
 }
@@ -241,7 +195,7 @@ TEST(CKeyedCollectionTest, SortedCollectionStaysSortedUnderEveryMode) {
     std::vector<Variant> keys = *s.keys;
     std::shuffle(keys.begin(), keys.end(), shuffle_rng);
     for (std::size_t i = 0; i < keys.size(); ++i) {
-      items.Add(Item(keys[i]), "k" + std::to_string(i));
+      items.Add(test::Sorted(keys[i]), "k" + std::to_string(i));
       ASSERT_EQ(items.mgErr(), 0);
     }
     EXPECT_EQ(items.Count(), static_cast<int32_t>(keys.size()));
@@ -249,7 +203,7 @@ TEST(CKeyedCollectionTest, SortedCollectionStaysSortedUnderEveryMode) {
     EXPECT_EQ(helper->SortMode(), s.mode);
 
     // Replacing an item moves it to its place; removing keeps the rest in order.
-    items.SetItem(Variant("k0"), Item((*s.keys)[3]));
+    items.SetItem(Variant("k0"), test::Sorted((*s.keys)[3]));
     items.Remove(Variant(int32_t{2}));
     EXPECT_TRUE(InOrder(items, s.mode, s.order));
     EXPECT_EQ(items.Count(), static_cast<int32_t>(keys.size()) - 1);
@@ -268,20 +222,17 @@ TEST(CKeyedCollectionTest, UnsortedModeKeepsTheOrderOfAdding) {
   helper->SetSortMode(esmUnsorted);
   CKeyedCollection items(helper);
   items.SetSorted(true);
-  for (const char* key : {"m", "z", "a"}) items.Add(Item(key, key));
+  for (const char* key : {"m", "z", "a"}) items.Add(test::Sorted(key, key));
   EXPECT_EQ(TagAt(items, 1) + TagAt(items, 2) + TagAt(items, 3), "mza");
 }
 
 TEST(CKeyedCollectionTest, EqualItemsGoAfterTheirRun) {
   CKeyedCollection items;
   items.SetSorted(true);
-  items.Add(Item("a", "1"));
-  items.Add(Item("b", "2"));
-  items.Add(Item("A", "3"));
-  items.Add(Item("a", "4"));
-  items.Add(Item("0", "5"));
-  items.Add(Item("B", "6"));
-  items.Add(Item("A", "7"));  // the search lands inside the run of a's
+  // Key and tag; the last "A" lands inside the run of a's.
+  for (const char* item : {"a1", "b2", "A3", "a4", "05", "B6", "A7"}) {
+    items.Add(test::Sorted(std::string(1, item[0]), item + 1));
+  }
   std::string tags;
   for (int32_t i = 1; i <= items.Count(); ++i) tags += TagAt(items, i);
   EXPECT_EQ(tags, "5134726");
@@ -290,26 +241,26 @@ TEST(CKeyedCollectionTest, EqualItemsGoAfterTheirRun) {
 TEST(CKeyedCollectionTest, SortedAddNeedsASortedObjectAndNoPlace) {
   CKeyedCollection items;
   items.SetSorted(true);
-  items.Add(Item("m"));
+  items.Add(test::Sorted("m"));
   items.Add(Variant("plain"));
   EXPECT_EQ(items.mgErr(), errnum::kTypeMismatch);
   items.Add(Variant(std::shared_ptr<Object>()));
   EXPECT_EQ(items.mgErr(), errnum::kObjectNotSet);
-  items.Add(Item("a"), std::nullopt, Variant(1));
+  items.Add(test::Sorted("a"), std::nullopt, Variant(1));
   EXPECT_EQ(items.mgErr(), errnum::kInvalidProcedureCall);
   items.SetItem(Variant(1), Variant("plain"));
   EXPECT_EQ(items.mgErr(), errnum::kTypeMismatch);
   EXPECT_EQ(items.Count(), 1);
-  EXPECT_EQ(items.Item(Variant(1)).As<Tagged>()->SortKey(), Variant("m"));
+  EXPECT_EQ(items.Item(Variant(1)).As<test::SortedItem>()->SortKey(), Variant("m"));
 }
 
 TEST(CKeyedCollectionTest, HelperErrorsAreRecordedWithTheirLowSixteenBits) {
-  auto sink = std::make_shared<QuietSink>();
+  auto sink = std::make_shared<test::MessageSinkDouble>();
   SetMessageSink(sink);
   CKeyedCollection items;
   items.SetSorted(true);
-  items.Add(Item("m", "m"), "km");
-  items.Add(Item("x", "x"), "kx");
+  items.Add(test::Sorted("m", "m"), "km");
+  items.Add(test::Sorted("x", "x"), "kx");
   items.Add(Variant(std::make_shared<FailingKey>()));
   EXPECT_EQ(items.mgErr(), 0x0201);
   EXPECT_EQ(items.mgErrDescription(), "cannot read");
@@ -317,7 +268,7 @@ TEST(CKeyedCollectionTest, HelperErrorsAreRecordedWithTheirLowSixteenBits) {
   items.SetItem(Variant("km"), Variant(std::make_shared<FailingKey>()));
   EXPECT_EQ(items.mgErr(), 0x0201);
   SetMessageSink(nullptr);
-  EXPECT_EQ(sink->shown.size(), 2u);  // the sort helper showed both
+  EXPECT_EQ(sink->Messages().size(), 2u);  // the sort helper showed both
   EXPECT_EQ(items.Count(), 2);
   EXPECT_EQ(TagAt(items, 1) + TagAt(items, 2), "mx");
   EXPECT_EQ(items.Index("km"), 1);
@@ -326,17 +277,17 @@ TEST(CKeyedCollectionTest, HelperErrorsAreRecordedWithTheirLowSixteenBits) {
 
 TEST(CKeyedCollectionTest, FillListShowsEachItemsText) {
   CKeyedCollection items;
-  items.Add(Item("Ali"));
+  items.Add(test::Sorted("Ali"));
   items.Add(Variant(int32_t{12}));
   items.Add(Variant::Null());
-  auto list = std::make_shared<FakeList>();
-  list->items = {"stale"};
+  auto list = std::make_shared<test::ListBoxDouble>();
+  list->AddItem("stale");
   items.FillList(list);
-  EXPECT_EQ(list->items, (std::vector<std::string>{"Ali", "12", ""}));
+  EXPECT_EQ(list->Texts(), (std::vector<std::string>{"Ali", "12", ""}));
   items.FillList();  // no control: nothing to do
   EXPECT_EQ(items.mgErr(), 0);
 
-  items.Add(Variant(std::static_pointer_cast<Object>(std::make_shared<FakeList>())));
+  items.Add(Variant(std::static_pointer_cast<Object>(std::make_shared<test::ListBoxDouble>())));
   items.FillList(list);
   EXPECT_EQ(items.mgErr(), errnum::kObjectDoesNotSupport);
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "support/Bytes.h"
+#include "support/DamagedFile.h"
 #include "support/RecordBytes.h"
 #include "support/TempSettings.h"
 
@@ -40,27 +41,10 @@ void FillTournament(CTournament& t) {
   }
 }
 
-void ExpectSameTournament(const CTournament& a, const CTournament& b) {
-  EXPECT_EQ(a.Name(), b.Name());
-  ASSERT_EQ(a.Levels(), b.Levels());
-  for (int16_t l = 1; l <= a.Levels(); ++l) {
-    const auto la = a.Level(l);
-    const auto lb = b.Level(l);
-    EXPECT_EQ(la->Brackets(), lb->Brackets());
-    EXPECT_EQ(la->Rounds(), lb->Rounds());
-    ASSERT_EQ(la->BoutCount(), lb->BoutCount());
-    for (int16_t i = 1; i <= la->BoutCount(); ++i) {
-      EXPECT_EQ(la->Bout(i)->FighterLastName(1), lb->Bout(i)->FighterLastName(1));
-      EXPECT_EQ(la->Bout(i)->Rating(2), lb->Bout(i)->Rating(2));
-      EXPECT_EQ(la->Bout(i)->Options()->Rounds(), lb->Bout(i)->Options()->Rounds());
-      EXPECT_EQ(la->DisplayFight(i), lb->DisplayFight(i));
-    }
-  }
-  EXPECT_EQ(a.Options()->Style(), b.Options()->Style());
-  EXPECT_EQ(a.Options()->TournamentDefaultLevels(), b.Options()->TournamentDefaultLevels());
-  for (int16_t i = 1; i <= 4; ++i) {
-    EXPECT_EQ(a.Options()->TournamentDefaultRounds(i), b.Options()->TournamentDefaultRounds(i));
-  }
+// The bytes `t` saves to `path`: every field a tournament keeps.
+std::vector<uint8_t> FileOf(CTournament& t, const std::string& path) {
+  t.SaveToFile(path);
+  return ReadFileBytes(path);
 }
 
 TEST(CTournamentTest, NewTournamentTakesTheTournamentOptionDefaults) {
@@ -158,7 +142,7 @@ TEST(CTournamentTest, RoundTripKeepsEveryField) {
   CTournament loaded;
   loaded.SetLevels(2);  // the file's count comes back
   loaded.LoadFromFile(env.File("t.rbt"));
-  ExpectSameTournament(t, loaded);
+  EXPECT_EQ(FileOf(loaded, env.File("again.rbt")), ReadFileBytes(env.File("t.rbt")));
   EXPECT_EQ(loaded.Level(3)->Rounds(), 6);
   EXPECT_EQ(loaded.Options()->TournamentDefaultRounds(3), 8);
 }
@@ -199,23 +183,14 @@ TEST(CTournamentTest, TruncatedAndDamagedFilesLoadWithoutHarm) {
   const auto good = ReadFileBytes(env.File("t.rbt"));
 
   CTournament loaded;
-  for (std::size_t cut = 0; cut < good.size(); cut += 17) {
-    WriteFileBytes(env.File("cut.rbt"), std::vector<uint8_t>(good.begin(), good.begin() + cut));
-    loaded.LoadFromFile(env.File("cut.rbt"));
-    ASSERT_LE(loaded.Levels(), 4);
-  }
-  uint32_t seed = 99;
-  for (int round = 0; round < 100; ++round) {
-    auto damaged = good;
-    for (int k = 0; k < 6; ++k) {
-      seed = seed * 1103515245u + 12345u;
-      damaged[(seed >> 8) % damaged.size()] = static_cast<uint8_t>(seed >> 24);
-    }
-    WriteFileBytes(env.File("bad.rbt"), damaged);
-    loaded.LoadFromFile(env.File("bad.rbt"));
-    ASSERT_LE(loaded.Levels(), 4);
-    for (int16_t l = 1; l <= loaded.Levels(); ++l) ASSERT_LE(loaded.Level(l)->BoutCount(), 8);
-  }
+  test::LoadDamagedCopies(env.File("bad.rbt"), good,
+                          {.cut_step = 17, .rounds = 100, .flips = 6, .seed = 99}, [&] {
+                            loaded.LoadFromFile(env.File("bad.rbt"));
+                            ASSERT_LE(loaded.Levels(), 4);
+                            for (int16_t l = 1; l <= loaded.Levels(); ++l) {
+                              ASSERT_LE(loaded.Level(l)->BoutCount(), 8);
+                            }
+                          });
 }
 
 TEST(CTournamentTest, FailedSaveReportsNothingAndLeavesTheOldFile) {
@@ -240,7 +215,7 @@ TEST(CTournamentTest, CloneGivesTheTargetItsOwnLevelsBoutsAndOptions) {
   const auto level1 = target.Level(1);
   const auto options = target.Options();
   source.Clone(target);
-  ExpectSameTournament(source, target);
+  EXPECT_EQ(FileOf(target, env.File("target.rbt")), FileOf(source, env.File("source.rbt")));
   EXPECT_EQ(target.Level(1), level1);
   EXPECT_EQ(target.Options(), options);
   EXPECT_EQ(options->Rounds(), 6);

@@ -8,21 +8,13 @@
 
 #include "schedule/CKeyedCollection.h"
 #include "schedule/CSortHelper.h"
+#include "support/SortedItem.h"
 
 namespace ringbook {
 namespace {
 
-class Keyed : public ISortedObject {
- public:
-  explicit Keyed(Variant key) : key_(std::move(key)) {}
-  Variant SortKey() const override { return key_; }
-
- private:
-  Variant key_;
-};
-
 std::shared_ptr<ISortedObject> Item(Variant key) {
-  return std::make_shared<Keyed>(std::move(key));
+  return std::make_shared<test::SortedItem>(std::move(key), "");
 }
 
 // Compares whole-number keys and records the key of the collection's item in
@@ -96,28 +88,25 @@ TEST(MSortTest, UsesTheGivenHelper) {
 TEST(MSortTest, HalvesFromTheMiddleComparingTheCollectionItemFirst) {
   CKeyedCollection items;
   Fill(items, {10, 20, 30, 40, 50, 60, 70});
-  RecordingHelper helper;
-
-  Found r = Search(items, 99, &helper);
-  EXPECT_EQ(helper.seen, (std::vector<int32_t>{40, 60, 70}));
-  EXPECT_FALSE(r.found);
-  EXPECT_EQ(r.position, 8);
-
-  helper.seen.clear();
-  r = Search(items, 15, &helper);
-  EXPECT_EQ(helper.seen, (std::vector<int32_t>{40, 20, 10}));
-  EXPECT_EQ(r.position, 2);  // after 10, whose result was "less"
-
-  helper.seen.clear();
-  r = Search(items, 25, &helper);
-  EXPECT_EQ(helper.seen, (std::vector<int32_t>{40, 20, 30}));
-  EXPECT_EQ(r.position, 3);  // at 30, whose result was "greater"
-
-  helper.seen.clear();
-  r = Search(items, 60, &helper);
-  EXPECT_EQ(helper.seen, (std::vector<int32_t>{40, 60}));
-  EXPECT_TRUE(r.found);
-  EXPECT_EQ(r.position, 6);
+  struct Case {
+    int32_t key;
+    std::vector<int32_t> seen;
+    bool found;
+    int32_t position;
+  };
+  const Case cases[] = {
+      {99, {40, 60, 70}, false, 8},
+      {15, {40, 20, 10}, false, 2},  // after 10, whose result was "less"
+      {25, {40, 20, 30}, false, 3},  // at 30, whose result was "greater"
+      {60, {40, 60}, true, 6},
+  };
+  for (const Case& c : cases) {
+    RecordingHelper helper;
+    const Found r = Search(items, c.key, &helper);
+    EXPECT_EQ(helper.seen, c.seen) << c.key;
+    EXPECT_EQ(r.found, c.found) << c.key;
+    EXPECT_EQ(r.position, c.position) << c.key;
+  }
 }
 
 TEST(MSortTest, ARunOfEqualItemsIsFoundWhereTheHalvingLands) {
