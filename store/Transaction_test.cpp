@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <string>
@@ -118,13 +117,6 @@ TEST_F(TransactionTest, EarlierConnectionsWaitAndFailAsLocked) {
   rows->AddNew();
   rows->SetField("Name", "Outside");
   EXPECT_EQ(Raised([&] { rows->Update(); }).Number(), dberr::kFileInUse);
-}
-
-TEST_F(TransactionTest, MissingOrForeignFilesFailAsOpenDoes) {
-  EXPECT_EQ(Raised([&] { Transaction t(dir_.File("none.db")); }).Number(), dberr::kFileNotFound);
-  std::ofstream(dir_.File("notes.txt")) << "not a game database, and long enough to be read";
-  EXPECT_EQ(Raised([&] { Transaction t(dir_.File("notes.txt")); }).Number(),
-            dberr::kUnrecognizedFormat);
 }
 
 }  // namespace
