@@ -7,7 +7,7 @@
 #include "core/Export.h"
 #include "core/Object.h"
 #include "core/StreamRecord.h"
-#include "people/PersonName_impl.h"
+#include "people/PersonName.h"
 
 namespace ringbook {
 
@@ -48,7 +48,7 @@ class RINGBOOK_EXPORT CAnnouncer : public Object, public StreamRecord {
  private:
   int16_t era_ = 0;
   int32_t id_ = 0;
-  people_impl::FirstLastName names_;
+  people::FirstLastName names_;
 };
 
 }  // namespace ringbook

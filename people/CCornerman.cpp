@@ -1,7 +1,7 @@
 #include "people/CCornerman.h"
 
 #include "core/Text.h"
-#include "people/PersonName_impl.h"
+#include "people/PersonName.h"
 
 namespace ringbook {
 
@@ -17,7 +17,7 @@ void CCornerman::SetLastName(const std::string& value) {
 
 void CCornerman::BuildName() {
   // Unlike the officials, a cornerman with one name has no stray blank.
-  name_ = text::Trim(people_impl::JoinFirstLast(first_name_, last_name_));
+  name_ = text::Trim(people::JoinFirstLast(first_name_, last_name_));
 }
 
 void CCornerman::Clone(CCornerman& target) const {

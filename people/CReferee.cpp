@@ -1,6 +1,6 @@
 #include "people/CReferee.h"
 
-#include "people/PersonName_impl.h"
+#include "people/PersonName.h"
 
 namespace ringbook {
 namespace {
@@ -18,7 +18,7 @@ void CReferee::SetLastName(const std::string& value) {
 }
 
 void CReferee::BuildName() {
-  name_ = people_impl::JoinFirstLast(first_name_, last_name_);
+  name_ = people::JoinFirstLast(first_name_, last_name_);
 }
 
 void CReferee::Clone(CReferee& target) const {

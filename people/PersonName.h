@@ -6,7 +6,7 @@
 #include "core/CStream.h"
 #include "core/Text.h"
 
-namespace ringbook::people_impl {
+namespace ringbook::people {
 
 /// The display name of an official: the trimmed first name, one blank and
 /// the trimmed last name. The blank is always there, so a person with
@@ -47,4 +47,4 @@ class FirstLastName {
   std::string name_ = " ";
 };
 
-}  // namespace ringbook::people_impl
+}  // namespace ringbook::people
