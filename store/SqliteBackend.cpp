@@ -455,13 +455,6 @@ void Statement::Reset() {
 
 namespace {
 
-bool IsAscii(std::string_view s) {
-  for (const char c : s) {
-    if (static_cast<unsigned char>(c) >= 0x80) return false;
-  }
-  return true;
-}
-
 char FoldAscii(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
@@ -495,7 +488,7 @@ void ColumnIndex::Build(const std::vector<std::string>& names) {
   slots_.clear();
   ascii_ = true;
   for (const std::string& name : names_) {
-    if (!IsAscii(name)) {
+    if (!text::IsAscii(name)) {
       ascii_ = false;
       return;
     }
