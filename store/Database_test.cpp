@@ -12,6 +12,7 @@
 #include "store/GameDatabase.h"
 #include "store/QueryDef.h"
 #include "store/Recordset.h"
+#include "support/Raised.h"
 #include "support/SqlFile.h"
 #include "support/TempDir.h"
 
@@ -22,15 +23,7 @@ using test::ExecSql;
 using test::QuerySql;
 
 // Runs `f` and returns the Error it raises; fails the test when it raises none.
-Error Raised(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no error was raised";
-  return Error(0, "", "");
-}
+using test::Raised;
 
 bool Mentions(const Error& e, const std::string& what) {
   return e.Description().find(what) != std::string::npos;

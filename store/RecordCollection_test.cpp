@@ -17,6 +17,7 @@
 #include "store/NTitles.h"
 #include "support/GameDatabaseFixture.h"
 #include "support/ListBoxDouble.h"
+#include "support/Raised.h"
 
 namespace ringbook {
 namespace {
@@ -25,15 +26,7 @@ using test::ListBoxDouble;
 using Texts = std::vector<std::string>;
 using Indexes = std::vector<int32_t>;
 
-Error Raised(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no error was raised";
-  return Error(0, "", "");
-}
+using test::Raised;
 
 class RecordCollectionTest : public test::GameDatabaseFixture {
  protected:

@@ -29,6 +29,7 @@
 #include "store/NTitles.h"
 #include "store/Recordset.h"
 #include "support/ListBoxDouble.h"
+#include "support/Raised.h"
 #include "support/SqlFile.h"
 #include "support/TempDir.h"
 
@@ -60,15 +61,7 @@ std::vector<T> Sorted(std::vector<T> values) {
   return values;
 }
 
-Error Raised(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no error was raised";
-  return Error(0, "", "");
-}
+using test::Raised;
 
 class SeedWorldTest : public ::testing::Test {
  protected:

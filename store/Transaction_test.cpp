@@ -12,6 +12,7 @@
 #include "store/GameDatabase.h"
 #include "store/NGroups.h"
 #include "store/Recordset.h"
+#include "support/Raised.h"
 #include "support/SqlFile.h"
 #include "support/TempDir.h"
 
@@ -20,15 +21,7 @@ namespace {
 
 using test::QuerySql;
 
-Error Raised(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no error was raised";
-  return Error(0, "", "");
-}
+using test::Raised;
 
 class TransactionTest : public ::testing::Test {
  protected:
