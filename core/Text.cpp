@@ -125,6 +125,16 @@ constexpr std::array<uint32_t, 256> kUtf8OfAnsi = [] {
   return table;
 }();
 
+// Copies the eight bytes at `in` to `out` whole and returns how many of them
+// lead as ASCII (8 when all do). Both conversions skip ASCII runs with it;
+// the caller must have eight bytes of room at `out`.
+std::size_t CopyAsciiRun(const unsigned char* in, char* out) {
+  const uint64_t word = coding::DecodeFixed64(in);
+  coding::EncodeFixed64(reinterpret_cast<unsigned char*>(out), word);
+  const uint64_t high = word & 0x8080808080808080ull;
+  return high == 0 ? 8 : static_cast<std::size_t>(std::countr_zero(high)) / 8;
+}
+
 }  // namespace
 
 std::size_t detail::ToAnsiConverting(std::string_view utf8, char* out) noexcept {
@@ -132,14 +142,10 @@ std::size_t detail::ToAnsiConverting(std::string_view utf8, char* out) noexcept 
   const auto* in = reinterpret_cast<const unsigned char*>(utf8.data());
   char* o = out;
   for (std::size_t i = 0; i < n;) {
-    // ASCII runs go eight bytes at a time: the word is stored whole (the
-    // output never runs ahead of the input, so it has room) and the cursor
-    // advances over its ASCII bytes only.
+    // ASCII runs go eight bytes at a time (the output never runs ahead of
+    // the input, so it has the room).
     if (n - i >= 8) {
-      const uint64_t word = coding::DecodeFixed64(in + i);
-      coding::EncodeFixed64(reinterpret_cast<unsigned char*>(o), word);
-      const uint64_t high = word & 0x8080808080808080ull;
-      const std::size_t run = high == 0 ? 8 : static_cast<std::size_t>(std::countr_zero(high)) / 8;
+      const std::size_t run = CopyAsciiRun(in + i, o);
       i += run;
       o += run;
       if (run == 8) continue;
@@ -184,12 +190,8 @@ std::string FromAnsi(std::string_view ansi) {
   const std::size_t n = ansi.size();
   char* o = start;
   for (std::size_t i = 0; i < n;) {
-    // ASCII runs go eight bytes at a time, as in the other direction.
     if (n - i >= 8) {
-      const uint64_t word = coding::DecodeFixed64(in + i);
-      coding::EncodeFixed64(reinterpret_cast<unsigned char*>(o), word);
-      const uint64_t high = word & 0x8080808080808080ull;
-      const std::size_t run = high == 0 ? 8 : static_cast<std::size_t>(std::countr_zero(high)) / 8;
+      const std::size_t run = CopyAsciiRun(in + i, o);
       i += run;
       o += run;
       if (run == 8) continue;
