@@ -84,6 +84,7 @@ bool BufferedFile::Close() {
 }
 
 bool BufferedFile::Flush() {
+  w_.Settle();
   w_.room = 0;  // the window is clean again: the next write re-arms
   if (file_ == nullptr || w_.dirty_lo >= w_.len) {
     w_.dirty_lo = SIZE_MAX;
@@ -113,6 +114,7 @@ bool BufferedFile::LoadWindow(uint64_t start) {
 }
 
 std::size_t BufferedFile::ReadSlow(void* out, std::size_t n) {
+  w_.Settle();
   if (file_ == nullptr) return 0;
   auto* dst = static_cast<unsigned char*>(out);
   std::size_t done = 0;
@@ -135,6 +137,7 @@ std::size_t BufferedFile::ReadSlow(void* out, std::size_t n) {
 }
 
 bool BufferedFile::WriteSlow(const void* in, std::size_t n) {
+  w_.Settle();
   if (file_ == nullptr || !writable_) return false;
   const auto* src = static_cast<const unsigned char*>(in);
   while (n > 0) {

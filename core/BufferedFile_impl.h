@@ -17,7 +17,8 @@ namespace ringbook {
 ///
 /// The window's cursor lives in a `detail::StreamWindow` that the owning
 /// stream holds, so that the stream's fixed-width readers and writers can
-/// work on it inline; this class keeps it consistent on every other call.
+/// work on it inline; this class keeps it consistent on every other call,
+/// each of which first settles the length the inline writes left behind.
 class BufferedFile {
  public:
   enum class Mode { kReadOnly, kReadWrite };
@@ -39,13 +40,15 @@ class BufferedFile {
   /// The file's length, including bytes written into the window but not yet
   /// to the file.
   uint64_t Size() const {
-    const uint64_t window_end = window_start_ + w_.len;
+    const std::size_t len = w_.room != 0 && w_.pos > w_.len ? w_.pos : w_.len;
+    const uint64_t window_end = window_start_ + len;
     return size_ > window_end ? size_ : window_end;
   }
   uint64_t Position() const {
     return w_.pos == Window::kDetached ? detached_pos_ : window_start_ + w_.pos;
   }
   void Seek(uint64_t pos) {
+    w_.Settle();
     if (file_ != nullptr && pos >= window_start_ && pos - window_start_ <= w_.len) {
       w_.pos = static_cast<std::size_t>(pos - window_start_);
       if (w_.pos < w_.dirty_lo) w_.room = 0;  // below the dirty bytes: writes re-arm
@@ -70,6 +73,7 @@ class BufferedFile {
   /// call that reads, writes or seeks. Otherwise returns false and does not
   /// move.
   bool Take(std::size_t n, const unsigned char*& p) {
+    w_.Settle();
     if (w_.pos <= w_.len && n <= w_.len - w_.pos) {
       p = w_.base + w_.pos;
       w_.pos += n;
@@ -82,6 +86,7 @@ class BufferedFile {
   /// `p` at them, advances past them and returns true; the caller fills them
   /// in before the next call. Otherwise returns false and does not move.
   bool Reserve(std::size_t n, unsigned char*& p) {
+    w_.Settle();
     const std::size_t pos = w_.pos;
     if (writable_ && pos <= w_.len && n <= kWindow - pos) {
       if (pos < w_.dirty_lo) w_.dirty_lo = pos;
@@ -118,6 +123,7 @@ class BufferedFile {
   bool LoadWindow(uint64_t start);
   /// Keeps the position outside the window.
   void Detach(uint64_t pos) {
+    w_.Settle();
     detached_pos_ = pos;
     w_.pos = Window::kDetached;
     w_.room = 0;

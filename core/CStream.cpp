@@ -194,10 +194,10 @@ std::string CStream::ReadStr(int32_t FixedLength) {
   if (FixedLength < 1 && pos + 4 <= win_.len) [[likely]] {
     const auto count = static_cast<int32_t>(coding::DecodeFixed32(win_.base + pos));
     if (count > 0 && static_cast<std::size_t>(count) <= win_.len - pos - 4) [[likely]] {
-      win_.pos = pos + 4 + static_cast<std::size_t>(count);
-      const std::string_view bytes(reinterpret_cast<const char*>(win_.base + pos + 4),
-                                   static_cast<std::size_t>(count));
-      return text::IsAscii(bytes) ? std::string(bytes) : text::FromAnsi(bytes);
+      const auto n = static_cast<std::size_t>(count);
+      const char* chars = reinterpret_cast<const char*>(win_.base + pos + 4);
+      win_.pos = pos + 4 + n;
+      return text::FromAnsi({chars, n});
     }
   }
   return ReadStrSlow(FixedLength);
@@ -301,23 +301,18 @@ void CStream::WriteSngSlow(float value) {
 }
 
 void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
-  // Usually count and characters fit in the window as it stands: the text is
-  // then converted straight into it. Windows-1252 never takes more bytes than
-  // UTF-8, so the UTF-8 size is room enough, and what the conversion leaves
-  // over is given back. The conversion may scribble on that leftover, so it
-  // works in place only when the leftover holds no file data: at the end of
-  // the data (a save, the usual case), or for ASCII, which leaves none over.
-  const std::size_t utf8_size = sStr.size();
-  if (FixedLength < 1 && utf8_size < detail::StreamWindow::kSize) [[likely]] {
-    const std::size_t len_before = win_.len;
-    unsigned char* p;
-    if ((win_.pos >= len_before || text::IsAscii(sStr)) && Room(4 + utf8_size, p)) [[likely]] {
-      const std::size_t n = text::ToAnsi(sStr, reinterpret_cast<char*>(p + 4));
-      coding::EncodeFixed32(p, static_cast<uint32_t>(n));
-      if (n != utf8_size) {
-        win_.pos -= utf8_size - n;
-        win_.len = win_.pos > len_before ? win_.pos : len_before;
-      }
+  // The usual text is short ASCII, written at the end of the data (a save):
+  // its count and characters go straight into the window, and the cursor is
+  // read once and stored once. The copy writes the characters before it
+  // knows they are ASCII, which is harmless only where no file data lies.
+  const std::string_view utf8 = sStr;
+  const std::size_t pos = win_.pos;
+  if (FixedLength < 1 && utf8.size() <= 16 && pos + 4 + utf8.size() <= win_.room && pos >= win_.len)
+      [[likely]] {
+    unsigned char* p = win_.base + pos;
+    if (text::detail::CopyShortIfAscii(utf8.data(), utf8.size(), reinterpret_cast<char*>(p + 4))) {
+      coding::EncodeFixed32(p, static_cast<uint32_t>(utf8.size()));
+      win_.pos = pos + 4 + utf8.size();
       return;
     }
   }
@@ -325,6 +320,21 @@ void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
 }
 
 [[gnu::noinline]] void CStream::WriteStrSlow(const std::string& sStr, int32_t FixedLength) {
+  // When count and characters fit in the window as it stands, the text is
+  // converted straight into it. Windows-1252 never takes more bytes than
+  // UTF-8, so the UTF-8 size is room enough. The conversion may scribble past
+  // its output, so it works in place only where no file data lies there: at
+  // the end of the data, or for ASCII, which writes exactly its own bytes.
+  const std::string_view utf8 = sStr;
+  const std::size_t pos = win_.pos;
+  if (FixedLength < 1 && utf8.size() < detail::StreamWindow::kSize &&
+      pos + 4 + utf8.size() <= win_.room && (pos >= win_.len || text::IsAscii(utf8))) {
+    unsigned char* p = win_.base + pos;
+    const std::size_t n = text::ToAnsi(utf8, reinterpret_cast<char*>(p + 4));
+    coding::EncodeFixed32(p, static_cast<uint32_t>(n));
+    win_.pos = pos + 4 + n;
+    return;
+  }
   auto write = [&](const void* p, std::size_t n) {
     if (file_->Write(p, n)) return true;
     const std::string why = file_->IsOpen() ? SystemText(EIO) : kNotOpenText;

@@ -26,6 +26,8 @@ namespace detail {
 /// (`room` above 0) only while every byte from `pos` on already counts as
 /// dirty: it arms on a write, which marks its own start dirty, and disarms on
 /// whatever could move the position below `dirty_lo` or clean the window.
+/// While armed, the inline writes leave `len` behind: the data then ends at
+/// `pos` if that is further, and the file settles `len` before it uses it.
 struct StreamWindow {
   static constexpr std::size_t kSize = 64 * 1024;
   static constexpr std::size_t kDetached = SIZE_MAX / 2;
@@ -34,6 +36,11 @@ struct StreamWindow {
   std::size_t len = 0;              // bytes of the window that hold file data
   std::size_t room = 0;             // inline writes may end there; 0 when not armed
   std::size_t dirty_lo = SIZE_MAX;  // first byte that may differ from the file
+
+  /// Brings `len` up to the end of the inline writes.
+  void Settle() {
+    if (room != 0 && pos > len) len = pos;
+  }
 };
 }  // namespace detail
 
@@ -195,9 +202,7 @@ class RINGBOOK_EXPORT CStream : public Object {
   bool Room(std::size_t n, unsigned char*& p) {
     const std::size_t pos = win_.pos;
     if (pos + n <= win_.room) {
-      const std::size_t end = pos + n;
-      win_.pos = end;
-      win_.len = end > win_.len ? end : win_.len;
+      win_.pos = pos + n;
       p = win_.base + pos;
       return true;
     }

@@ -61,6 +61,16 @@ int AnsiByte(char32_t cp) {
   return -1;
 }
 
+// Puts the Windows-1252 byte of the character at `at` (or '?') in `out` and
+// returns its length in UTF-8: the general case of the conversion, kept out
+// of its loop.
+[[gnu::noinline]] std::size_t AnsiCharAt(std::string_view utf8, std::size_t at, char& out) {
+  std::size_t next = at;
+  const int ansi = AnsiByte(Decode(utf8, next));
+  out = ansi < 0 ? '?' : static_cast<char>(ansi);
+  return next - at;
+}
+
 char32_t FoldCase(char32_t cp) {
   if (cp >= 'a' && cp <= 'z') return cp - 32;
   // Latin-1 lower-case letters except the division sign and y-diaeresis.
@@ -138,34 +148,31 @@ std::size_t CopyAsciiRun(const unsigned char* in, char* out) {
 }  // namespace
 
 std::size_t detail::ToAnsiConverting(std::string_view utf8, char* out) noexcept {
-  const std::size_t n = utf8.size();
-  const auto* in = reinterpret_cast<const unsigned char*>(utf8.data());
+  const auto* const begin = reinterpret_cast<const unsigned char*>(utf8.data());
+  const auto* const end = begin + utf8.size();
+  const auto* in = begin;
   char* o = out;
-  for (std::size_t i = 0; i < n;) {
+  while (in != end) {
     // ASCII runs go eight bytes at a time (the output never runs ahead of
     // the input, so it has the room).
-    if (n - i >= 8) {
-      const std::size_t run = CopyAsciiRun(in + i, o);
-      i += run;
+    if (end - in >= 8) {
+      const std::size_t run = CopyAsciiRun(in, o);
+      in += run;
       o += run;
       if (run == 8) continue;
-    } else if (in[i] < 0x80) {
-      *o++ = static_cast<char>(in[i++]);
+    } else if (*in < 0x80) {
+      *o++ = static_cast<char>(*in++);
       continue;
     }
     // Latin-1 letters, the usual case, are two bytes starting C2 or C3.
-    const unsigned char b = in[i];
-    if ((b == 0xC2 || b == 0xC3) && i + 1 < n) {
-      const unsigned char b1 = in[i + 1];
-      const unsigned cp = (b & 0x1Fu) << 6 | (b1 & 0x3Fu);
-      if ((b1 & 0xC0) == 0x80 && cp >= 0xA0) {
-        *o++ = static_cast<char>(cp);
-        i += 2;
-        continue;
-      }
+    const unsigned char b = *in;
+    if ((b & 0xFE) == 0xC2 && end - in >= 2 && (in[1] & 0xC0) == 0x80 &&
+        (b == 0xC3 || in[1] >= 0xA0)) {
+      *o++ = static_cast<char>((b & 0x1Fu) << 6 | (in[1] & 0x3Fu));
+      in += 2;
+      continue;
     }
-    const int ansi = AnsiByte(Decode(utf8, i));
-    *o++ = ansi < 0 ? '?' : static_cast<char>(ansi);
+    in += AnsiCharAt(utf8, static_cast<std::size_t>(in - begin), *o++);
   }
   return static_cast<std::size_t>(o - out);
 }
@@ -177,7 +184,7 @@ std::string ToAnsi(std::string_view utf8) {
   return out;
 }
 
-std::string FromAnsi(std::string_view ansi) {
+std::string detail::FromAnsiConverting(std::string_view ansi) {
   if (IsAscii(ansi)) return std::string(ansi);
   // At most three UTF-8 bytes per character, and a store may write up to
   // eight: short texts are converted on the stack and copied out once.
@@ -204,7 +211,8 @@ std::string FromAnsi(std::string_view ansi) {
     heap.resize(static_cast<std::size_t>(o - start));
     return heap;
   }
-  return std::string(stack, static_cast<std::size_t>(o - stack));
+  const std::string_view utf8(stack, static_cast<std::size_t>(o - stack));
+  return utf8.size() <= kShortText ? ShortString(utf8) : std::string(utf8);
 }
 
 int CompareNoCase(std::string_view a, std::string_view b) {

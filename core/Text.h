@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/Coding.h"
 #include "core/Export.h"
 
 namespace ringbook::text {
@@ -59,22 +60,25 @@ namespace detail {
 RINGBOOK_EXPORT std::size_t ToAnsiConverting(std::string_view utf8, char* out) noexcept;
 
 // Copies a text of at most 16 bytes with two overlapping loads and stores
-// (no call, no byte loop) and tells whether it was plain ASCII.
+// (no call, no byte loop) and tells whether it was plain ASCII. The stores
+// are typed, so the caller's own bookkeeping (a string's length, a stream's
+// cursor) stays in registers across them.
 inline bool CopyShortIfAscii(const char* in, std::size_t n, char* out) noexcept {
+  auto* const o = reinterpret_cast<unsigned char*>(out);
   if (n >= 8) {
     uint64_t head, tail;
     std::memcpy(&head, in, 8);
     std::memcpy(&tail, in + n - 8, 8);
-    std::memcpy(out, &head, 8);
-    std::memcpy(out + n - 8, &tail, 8);
+    coding::detail::StoreFixed(o, head);
+    coding::detail::StoreFixed(o + n - 8, tail);
     return ((head | tail) & 0x8080808080808080ull) == 0;
   }
   if (n >= 4) {
     uint32_t head, tail;
     std::memcpy(&head, in, 4);
     std::memcpy(&tail, in + n - 4, 4);
-    std::memcpy(out, &head, 4);
-    std::memcpy(out + n - 4, &tail, 4);
+    coding::detail::StoreFixed(o, head);
+    coding::detail::StoreFixed(o + n - 4, tail);
     return ((head | tail) & 0x80808080u) == 0;
   }
   unsigned char any = 0;
@@ -102,10 +106,32 @@ inline std::size_t ToAnsi(std::string_view utf8, char* out) noexcept {
   return detail::ToAnsiConverting(utf8, out);
 }
 
+namespace detail {
+/// The UTF-8 form of a text that is not short ASCII.
+RINGBOOK_EXPORT std::string FromAnsiConverting(std::string_view ansi);
+
+/// Texts of up to this many bytes fit a string's own inline buffer.
+inline constexpr std::size_t kShortText = 15;
+
+/// A copy of a text of at most `kShortText` bytes, built in the string's own
+/// buffer without a call: it starts at the full inline size, takes the
+/// bytes and is cut to length.
+[[gnu::always_inline]] inline std::string ShortString(std::string_view bytes) {
+  std::string s(kShortText, '\0');
+  CopyShortIfAscii(bytes.data(), bytes.size(), s.data());
+  s.erase(bytes.size());
+  return s;
+}
+}  // namespace detail
+
 /// Converts Windows-1252 bytes to UTF-8. The five bytes the code page leaves
 /// undefined map to the control characters of the same number, so every byte
-/// survives a round trip.
-RINGBOOK_EXPORT std::string FromAnsi(std::string_view ansi);
+/// survives a round trip. Inline for the usual short ASCII text, which the
+/// stream reads straight from its buffer.
+[[gnu::always_inline]] inline std::string FromAnsi(std::string_view ansi) {
+  if (ansi.size() <= detail::kShortText && IsAscii(ansi)) return detail::ShortString(ansi);
+  return detail::FromAnsiConverting(ansi);
+}
 
 /// Compares without regard to letter case (ASCII and Latin-1 letters), as the
 /// database and the runtime's text compare do. Returns <0, 0 or >0.
