@@ -60,7 +60,7 @@ bool BufferedFile::Open(const std::string& path, Mode mode, int& error) {
 #endif
   }
   size_ = size;
-  window_.resize(kWindow);
+  window_.resize(kWindow + Window::kSlack);
   w_.base = window_.data();
   w_.room = 0;
   w_.len = 0;

@@ -1,5 +1,6 @@
 #include "core/CStream.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -18,6 +19,26 @@ constexpr const char* kWriteStrSource = "Stream:WriteStr";
 // The text the runtime gives for an operation on a file that is not open.
 constexpr const char* kNotOpenText = "Bad file name or number";
 constexpr uint32_t kMaxVarChars = 0xFFFF;
+
+// A short text of `n` bytes (1 to 15) taken as two little-endian words:
+// `head` holds bytes 0-7, `tail` bytes 7-14; the bytes past the text are
+// whatever follows it. Masks, not branches, leave those out.
+bool ShortTextIsAscii(uint64_t head, uint64_t tail, std::size_t n) {
+  const uint64_t head_mask = ~0ull >> 8 * (8 - std::min<std::size_t>(n, 8));
+  const uint64_t tail_mask =
+      ~0ull >> 8 * std::min<std::size_t>(15 - n, 7) & (0 - static_cast<uint64_t>(n >= 8));
+  return (((head & head_mask) | (tail & tail_mask)) & 0x8080808080808080ull) == 0;
+}
+
+// The string of such a text, built in its own inline buffer without a call.
+std::string ShortTextFromWords(uint64_t head, uint64_t tail, std::size_t n) {
+  std::string s(text::detail::kShortText, '\0');
+  auto* const p = reinterpret_cast<unsigned char*>(s.data());
+  coding::EncodeFixed64(p, head);
+  coding::EncodeFixed64(p + 7, tail);
+  s.erase(n);
+  return s;
+}
 
 void PostEof(const char* source) {
   PostError(errnum::kStreamEof, source, "EOF");
@@ -197,7 +218,15 @@ std::string CStream::ReadStr(int32_t FixedLength) {
       const auto n = static_cast<std::size_t>(count);
       const char* chars = reinterpret_cast<const char*>(win_.base + pos + 4);
       win_.pos = pos + 4 + n;
-      return text::FromAnsi({chars, n});
+      if (n <= text::detail::kShortText) {
+        // The window's slack lets a short text be taken as two words whatever
+        // its length: no branch depends on the length, which varies from one
+        // text to the next and would be mispredicted.
+        const uint64_t head = coding::DecodeFixed64(win_.base + pos + 4);
+        const uint64_t tail = coding::DecodeFixed64(win_.base + pos + 4 + 7);
+        if (ShortTextIsAscii(head, tail, n)) return ShortTextFromWords(head, tail, n);
+      }
+      return text::detail::FromAnsiConverting({chars, n});
     }
   }
   return ReadStrSlow(FixedLength);

@@ -30,6 +30,9 @@ namespace detail {
 /// `pos` if that is further, and the file settles `len` before it uses it.
 struct StreamWindow {
   static constexpr std::size_t kSize = 64 * 1024;
+  /// Bytes allocated past the window, never file data, so that a short text
+  /// near its end can be read as whole words.
+  static constexpr std::size_t kSlack = 16;
   static constexpr std::size_t kDetached = SIZE_MAX / 2;
   unsigned char* base = nullptr;
   std::size_t pos = kDetached;

@@ -362,6 +362,34 @@ TEST_F(CStreamTest, ValuesStraddlingBufferWindowsRoundTrip) {
   EXPECT_EQ(LastError().Number, 0);
 }
 
+// Short texts are read as whole words with the bytes past them masked off:
+// every length, an accented letter at every place, and what follows the text
+// (more letters, or the end of a window) must make no difference.
+TEST_F(CStreamTest, ShortTextsReadBackWhateverTheirLengthAndNeighbours) {
+  std::vector<std::string> texts;
+  for (std::size_t n = 1; n <= 17; ++n) {
+    const std::string ascii = std::string("abcdefghijklmnopq").substr(0, n);
+    texts.push_back(ascii);
+    for (std::size_t at = 0; at < n; ++at) {
+      texts.push_back(ascii.substr(0, at) + "\u00E9" + ascii.substr(at + 1));
+    }
+  }
+  auto s = OpenOn("short.bin");
+  for (const std::string& t : texts) s->WriteStr(t);
+  const int32_t at_window_end = 65536 - 4 - 5 + 1;  // "Ma\u00EFs!" ends the first window
+  s->SetSeekTo(at_window_end);
+  s->WriteStr("Ma\u00EFs!");
+  s->WriteStr("\u00C9t\u00E9");
+  s->CloseStream();
+
+  auto r = OpenOn("short.bin");
+  for (const std::string& t : texts) ASSERT_EQ(r->ReadStr(), t);
+  r->SetSeekTo(at_window_end);
+  EXPECT_EQ(r->ReadStr(), "Ma\u00EFs!");
+  EXPECT_EQ(r->ReadStr(), "\u00C9t\u00E9");
+  EXPECT_EQ(LastError().Number, 0);
+}
+
 // Random seeks, reads and writes of every width across several 64 KiB
 // windows, checked against a plain byte vector.
 TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
