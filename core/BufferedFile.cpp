@@ -60,10 +60,8 @@ bool BufferedFile::Open(const std::string& path, Mode mode, int& error) {
 #endif
   }
   size_ = size;
-  window_.resize(kWindow + Window::kSlack);
-  w_.base = window_.data();
-  w_.room = 0;
-  w_.len = 0;
+  w_.Disarm();
+  w_.SetLen(0);
   w_.dirty_lo = SIZE_MAX;
   window_start_ = 0;
   return LoadWindow(0);
@@ -78,21 +76,21 @@ bool BufferedFile::Close() {
   // The position survives the close; the window does not.
   size_ = Size();
   Detach(Position());
-  w_.len = 0;
-  w_.room = 0;
+  w_.SetLen(0);
+  w_.Disarm();
   return flushed && closed;
 }
 
 bool BufferedFile::Flush() {
   w_.Settle();
-  w_.room = 0;  // the window is clean again: the next write re-arms
-  if (file_ == nullptr || w_.dirty_lo >= w_.len) {
+  w_.Disarm();  // the window is clean again: the next write re-arms
+  if (file_ == nullptr || w_.dirty_lo >= w_.Len()) {
     w_.dirty_lo = SIZE_MAX;
     return true;
   }
   // Bytes in this range that were not written still hold what was loaded,
   // so writing the whole range back is harmless.
-  const std::size_t n = w_.len - w_.dirty_lo;
+  const std::size_t n = w_.Len() - w_.dirty_lo;
   const bool ok = SeekTo(file_, window_start_ + w_.dirty_lo) &&
                   std::fwrite(w_.base + w_.dirty_lo, 1, n, file_) == n && std::fflush(file_) == 0;
   w_.dirty_lo = SIZE_MAX;
@@ -103,14 +101,14 @@ bool BufferedFile::LoadWindow(uint64_t start) {
   if (!Flush()) return false;
   size_ = Size();
   window_start_ = start;
-  w_.len = 0;
-  w_.pos = 0;
+  w_.SetLen(0);
+  w_.SetPos(0);
   if (start >= size_) return true;
   if (!SeekTo(file_, start)) return false;
   const uint64_t left = size_ - start;
   const std::size_t want = left < kWindow ? static_cast<std::size_t>(left) : kWindow;
-  w_.len = std::fread(w_.base, 1, want, file_);
-  return w_.len == want;
+  w_.SetLen(std::fread(w_.base, 1, want, file_));
+  return w_.Len() == want;
 }
 
 std::size_t BufferedFile::ReadSlow(void* out, std::size_t n) {
@@ -119,18 +117,18 @@ std::size_t BufferedFile::ReadSlow(void* out, std::size_t n) {
   auto* dst = static_cast<unsigned char*>(out);
   std::size_t done = 0;
   while (done < n) {
-    const std::size_t avail = w_.pos <= w_.len ? w_.len - w_.pos : 0;
+    const std::size_t avail = w_.Pos() <= w_.Len() ? w_.Len() - w_.Pos() : 0;
     if (avail == 0) {
       const uint64_t at = Position();
       if (at >= Size()) break;
       // On failure the position stays at `at` (or where it was, when the
       // window could not be written back).
-      if (!LoadWindow(at) || w_.len == 0) break;
+      if (!LoadWindow(at) || w_.Len() == 0) break;
       continue;
     }
     const std::size_t take = avail < n - done ? avail : n - done;
-    std::memcpy(dst + done, w_.base + w_.pos, take);
-    w_.pos += take;
+    std::memcpy(dst + done, w_.cur, take);
+    w_.cur += take;
     done += take;
   }
   return done;
@@ -141,7 +139,7 @@ bool BufferedFile::WriteSlow(const void* in, std::size_t n) {
   if (file_ == nullptr || !writable_) return false;
   const auto* src = static_cast<const unsigned char*>(in);
   while (n > 0) {
-    if (w_.pos > w_.len || w_.pos >= kWindow) {
+    if (w_.Pos() > w_.Len() || w_.Pos() >= kWindow) {
       const uint64_t at = Position();
       // A position past the end of the file: the gap reads as zeros, as it
       // does when the runtime extends a file. Written out rather than left
@@ -163,7 +161,7 @@ bool BufferedFile::WriteSlow(const void* in, std::size_t n) {
         return false;
       }
     }
-    const std::size_t room = kWindow - w_.pos;
+    const std::size_t room = kWindow - w_.Pos();
     const std::size_t take = room < n ? room : n;
     unsigned char* p = nullptr;
     Reserve(take, p);  // room is certain here

@@ -24,7 +24,12 @@ class BufferedFile {
   enum class Mode { kReadOnly, kReadWrite };
   using Window = detail::StreamWindow;
 
-  explicit BufferedFile(Window& window) : w_(window) { Detach(0); }
+  explicit BufferedFile(Window& window) : w_(window), window_(Window::kSize + Window::kSlack) {
+    w_.base = window_.data();
+    w_.end = w_.base;
+    w_.limit = w_.base;
+    Detach(0);
+  }
   BufferedFile(const BufferedFile&) = delete;
   BufferedFile& operator=(const BufferedFile&) = delete;
   ~BufferedFile() { Close(); }
@@ -40,18 +45,18 @@ class BufferedFile {
   /// The file's length, including bytes written into the window but not yet
   /// to the file.
   uint64_t Size() const {
-    const std::size_t len = w_.room != 0 && w_.pos > w_.len ? w_.pos : w_.len;
+    const std::size_t len = w_.Armed() && w_.Pos() > w_.Len() ? w_.Pos() : w_.Len();
     const uint64_t window_end = window_start_ + len;
     return size_ > window_end ? size_ : window_end;
   }
   uint64_t Position() const {
-    return w_.pos == Window::kDetached ? detached_pos_ : window_start_ + w_.pos;
+    return w_.Pos() == Window::kDetached ? detached_pos_ : window_start_ + w_.Pos();
   }
   void Seek(uint64_t pos) {
     w_.Settle();
-    if (file_ != nullptr && pos >= window_start_ && pos - window_start_ <= w_.len) {
-      w_.pos = static_cast<std::size_t>(pos - window_start_);
-      if (w_.pos < w_.dirty_lo) w_.room = 0;  // below the dirty bytes: writes re-arm
+    if (file_ != nullptr && pos >= window_start_ && pos - window_start_ <= w_.Len()) {
+      w_.SetPos(static_cast<std::size_t>(pos - window_start_));
+      if (w_.Pos() < w_.dirty_lo) w_.Disarm();  // below the dirty bytes: writes re-arm
     } else {
       Detach(pos);
     }
@@ -74,9 +79,9 @@ class BufferedFile {
   /// move.
   bool Take(std::size_t n, const unsigned char*& p) {
     w_.Settle();
-    if (w_.pos <= w_.len && n <= w_.len - w_.pos) {
-      p = w_.base + w_.pos;
-      w_.pos += n;
+    if (w_.Pos() <= w_.Len() && n <= w_.Len() - w_.Pos()) {
+      p = w_.cur;
+      w_.cur += n;
       return true;
     }
     return false;
@@ -87,12 +92,12 @@ class BufferedFile {
   /// in before the next call. Otherwise returns false and does not move.
   bool Reserve(std::size_t n, unsigned char*& p) {
     w_.Settle();
-    const std::size_t pos = w_.pos;
-    if (writable_ && pos <= w_.len && n <= kWindow - pos) {
+    const std::size_t pos = w_.Pos();
+    if (writable_ && pos <= w_.Len() && n <= kWindow - pos) {
       if (pos < w_.dirty_lo) w_.dirty_lo = pos;
-      w_.room = kWindow;  // every byte from here on is dirty: inline writes may go on
-      w_.pos = pos + n;
-      if (w_.pos > w_.len) w_.len = w_.pos;
+      w_.Arm();  // every byte from here on is dirty: inline writes may go on
+      w_.SetPos(pos + n);
+      if (w_.Pos() > w_.Len()) w_.SetLen(w_.Pos());
       p = w_.base + pos;
       return true;
     }
@@ -125,8 +130,8 @@ class BufferedFile {
   void Detach(uint64_t pos) {
     w_.Settle();
     detached_pos_ = pos;
-    w_.pos = Window::kDetached;
-    w_.room = 0;
+    w_.SetPos(Window::kDetached);
+    w_.Disarm();
   }
 
   Window& w_;

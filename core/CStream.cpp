@@ -211,22 +211,23 @@ float CStream::ReadSngSlow() {
 std::string CStream::ReadStr(int32_t FixedLength) {
   // Usually count and characters are both in the window already, and the
   // text is plain ASCII: then it is copied once, straight into the result.
-  const std::size_t pos = win_.pos;
-  if (FixedLength < 1 && pos + 4 <= win_.len) [[likely]] {
-    const auto count = static_cast<int32_t>(coding::DecodeFixed32(win_.base + pos));
-    if (count > 0 && static_cast<std::size_t>(count) <= win_.len - pos - 4) [[likely]] {
+  unsigned char* const at = win_.cur;
+  if (FixedLength < 1 && at + 4 <= win_.end) [[likely]] {
+    const auto count = static_cast<int32_t>(coding::DecodeFixed32(at));
+    if (count > 0 && static_cast<std::size_t>(count) <= static_cast<std::size_t>(win_.end - at) - 4)
+        [[likely]] {
       const auto n = static_cast<std::size_t>(count);
-      const char* chars = reinterpret_cast<const char*>(win_.base + pos + 4);
-      win_.pos = pos + 4 + n;
+      const unsigned char* const chars = at + 4;
+      win_.cur = at + 4 + n;
       if (n <= text::detail::kShortText) {
         // The window's slack lets a short text be taken as two words whatever
         // its length: no branch depends on the length, which varies from one
         // text to the next and would be mispredicted.
-        const uint64_t head = coding::DecodeFixed64(win_.base + pos + 4);
-        const uint64_t tail = coding::DecodeFixed64(win_.base + pos + 4 + 7);
+        const uint64_t head = coding::DecodeFixed64(chars);
+        const uint64_t tail = coding::DecodeFixed64(chars + 7);
         if (ShortTextIsAscii(head, tail, n)) return ShortTextFromWords(head, tail, n);
       }
-      return text::detail::FromAnsiConverting({chars, n});
+      return text::detail::FromAnsiConverting({reinterpret_cast<const char*>(chars), n});
     }
   }
   return ReadStrSlow(FixedLength);
@@ -335,13 +336,12 @@ void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
   // read once and stored once. The copy writes the characters before it
   // knows they are ASCII, which is harmless only where no file data lies.
   const std::string_view utf8 = sStr;
-  const std::size_t pos = win_.pos;
-  if (FixedLength < 1 && utf8.size() <= 16 && pos + 4 + utf8.size() <= win_.room && pos >= win_.len)
+  unsigned char* const p = win_.cur;
+  if (FixedLength < 1 && utf8.size() <= 16 && p + 4 + utf8.size() <= win_.limit && p >= win_.end)
       [[likely]] {
-    unsigned char* p = win_.base + pos;
     if (text::detail::CopyShortIfAscii(utf8.data(), utf8.size(), reinterpret_cast<char*>(p + 4))) {
       coding::EncodeFixed32(p, static_cast<uint32_t>(utf8.size()));
-      win_.pos = pos + 4 + utf8.size();
+      win_.cur = p + 4 + utf8.size();
       return;
     }
   }
@@ -355,13 +355,13 @@ void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
   // its output, so it works in place only where no file data lies there: at
   // the end of the data, or for ASCII, which writes exactly its own bytes.
   const std::string_view utf8 = sStr;
-  const std::size_t pos = win_.pos;
-  if (FixedLength < 1 && utf8.size() < detail::StreamWindow::kSize &&
-      pos + 4 + utf8.size() <= win_.room && (pos >= win_.len || text::IsAscii(utf8))) {
-    unsigned char* p = win_.base + pos;
+  const std::size_t room = static_cast<std::size_t>(win_.limit - win_.base);  // 0 unless armed
+  if (FixedLength < 1 && utf8.size() < room && win_.Pos() + 4 + utf8.size() <= room &&
+      (win_.cur >= win_.end || text::IsAscii(utf8))) {
+    unsigned char* const p = win_.cur;
     const std::size_t n = text::ToAnsi(utf8, reinterpret_cast<char*>(p + 4));
     coding::EncodeFixed32(p, static_cast<uint32_t>(n));
-    win_.pos = pos + 4 + n;
+    win_.cur = p + 4 + n;
     return;
   }
   auto write = [&](const void* p, std::size_t n) {

@@ -18,31 +18,41 @@ class BufferedFile;
 namespace detail {
 /// The buffered bytes of a stream's open file as the stream's inline readers
 /// and writers see them; the file fills, moves and writes back the window.
-/// `pos` is the file position as an offset into the window, never beyond
-/// `len`; when the position lies outside the window it is `kDetached`, which
-/// fails every bounds check, and the file keeps the position itself.
+/// `cur` is the file position as a pointer into the window, never beyond
+/// `end`, the end of the file data there. While the position lies outside
+/// the window, `cur` sits just past it (offset `kDetached`), which fails
+/// every bounds check, and the file keeps the position itself. The window is
+/// allocated with `kSlack` bytes more, never file data, so that the bounds
+/// checks and the word-wise reads of short texts stay inside it.
 ///
 /// Inline writes need only one bounds check because the file arms them
-/// (`room` above 0) only while every byte from `pos` on already counts as
-/// dirty: it arms on a write, which marks its own start dirty, and disarms on
-/// whatever could move the position below `dirty_lo` or clean the window.
-/// While armed, the inline writes leave `len` behind: the data then ends at
-/// `pos` if that is further, and the file settles `len` before it uses it.
+/// (`limit` past `base`) only while every byte from `cur` on already counts
+/// as dirty: it arms on a write, which marks its own start dirty, and
+/// disarms on whatever could move the position below `dirty_lo` or clean the
+/// window. While armed, the inline writes leave `end` behind: the data then
+/// ends at `cur` if that is further, and the file settles `end` before it
+/// uses it.
 struct StreamWindow {
   static constexpr std::size_t kSize = 64 * 1024;
-  /// Bytes allocated past the window, never file data, so that a short text
-  /// near its end can be read as whole words.
-  static constexpr std::size_t kSlack = 16;
-  static constexpr std::size_t kDetached = SIZE_MAX / 2;
+  static constexpr std::size_t kSlack = 32;
+  static constexpr std::size_t kDetached = kSize + 1;
   unsigned char* base = nullptr;
-  std::size_t pos = kDetached;
-  std::size_t len = 0;              // bytes of the window that hold file data
-  std::size_t room = 0;             // inline writes may end there; 0 when not armed
+  unsigned char* cur = nullptr;
+  unsigned char* end = nullptr;
+  unsigned char* limit = nullptr;   // inline writes may end there; `base` when not armed
   std::size_t dirty_lo = SIZE_MAX;  // first byte that may differ from the file
 
-  /// Brings `len` up to the end of the inline writes.
+  // The same as offsets into the window, for the file's bookkeeping.
+  std::size_t Pos() const { return static_cast<std::size_t>(cur - base); }
+  std::size_t Len() const { return static_cast<std::size_t>(end - base); }
+  void SetPos(std::size_t pos) { cur = base + pos; }
+  void SetLen(std::size_t len) { end = base + len; }
+  bool Armed() const { return limit != base; }
+  void Arm() { limit = base + kSize; }
+  void Disarm() { limit = base; }
+  /// Brings `end` up to the end of the inline writes.
   void Settle() {
-    if (room != 0 && pos > len) len = pos;
+    if (Armed() && cur > end) end = cur;
   }
 };
 }  // namespace detail
@@ -195,18 +205,17 @@ class RINGBOOK_EXPORT CStream : public Object {
   // window, the end of the file, a closed or read-only file) goes through
   // the out-of-line slow paths, which also post the errors.
   bool Fetch(std::size_t n, const unsigned char*& p) {
-    if (win_.pos + n <= win_.len) {
-      p = win_.base + win_.pos;
-      win_.pos += n;
+    if (win_.cur + n <= win_.end) {
+      p = win_.cur;
+      win_.cur += n;
       return true;
     }
     return false;
   }
   bool Room(std::size_t n, unsigned char*& p) {
-    const std::size_t pos = win_.pos;
-    if (pos + n <= win_.room) {
-      win_.pos = pos + n;
-      p = win_.base + pos;
+    if (win_.cur + n <= win_.limit) {
+      p = win_.cur;
+      win_.cur += n;
       return true;
     }
     return false;
