@@ -20,22 +20,22 @@ constexpr const char* kWriteStrSource = "Stream:WriteStr";
 constexpr const char* kNotOpenText = "Bad file name or number";
 constexpr uint32_t kMaxVarChars = 0xFFFF;
 
-// A short text of `n` bytes (1 to 15) taken as two little-endian words:
-// `head` holds bytes 0-7, `tail` bytes 7-14; the bytes past the text are
-// whatever follows it. Masks, not branches, leave those out.
+// A short text of `n` bytes (1 to 15) taken as two overlapping words:
+// `head`, its first eight bytes, and `tail`, the eight bytes that end it
+// (starting at `tail_at`; the same as `head` for a text shorter than eight
+// bytes). Past such a short text `head` holds whatever follows it, which
+// `ShortTextIsAscii` masks off.
 bool ShortTextIsAscii(uint64_t head, uint64_t tail, std::size_t n) {
-  const uint64_t head_mask = ~0ull >> 8 * (8 - std::min<std::size_t>(n, 8));
-  const uint64_t tail_mask =
-      ~0ull >> 8 * std::min<std::size_t>(15 - n, 7) & (0 - static_cast<uint64_t>(n >= 8));
-  return (((head & head_mask) | (tail & tail_mask)) & 0x8080808080808080ull) == 0;
+  const uint64_t mask = ~0ull >> 8 * (8 - std::min<std::size_t>(n, 8));
+  return ((head | tail) & mask & 0x8080808080808080ull) == 0;
 }
 
 // The string of such a text, built in its own inline buffer without a call.
-std::string ShortTextFromWords(uint64_t head, uint64_t tail, std::size_t n) {
+std::string ShortTextFromWords(uint64_t head, uint64_t tail, std::size_t tail_at, std::size_t n) {
   std::string s(text::detail::kShortText, '\0');
   auto* const p = reinterpret_cast<unsigned char*>(s.data());
   coding::EncodeFixed64(p, head);
-  coding::EncodeFixed64(p + 7, tail);
+  coding::EncodeFixed64(p + tail_at, tail);
   s.erase(n);
   return s;
 }
@@ -223,9 +223,10 @@ std::string CStream::ReadStr(int32_t FixedLength) {
         // The window's slack lets a short text be taken as two words whatever
         // its length: no branch depends on the length, which varies from one
         // text to the next and would be mispredicted.
+        const std::size_t tail_at = std::max<std::size_t>(n, 8) - 8;
         const uint64_t head = coding::DecodeFixed64(chars);
-        const uint64_t tail = coding::DecodeFixed64(chars + 7);
-        if (ShortTextIsAscii(head, tail, n)) return ShortTextFromWords(head, tail, n);
+        const uint64_t tail = coding::DecodeFixed64(chars + tail_at);
+        if (ShortTextIsAscii(head, tail, n)) return ShortTextFromWords(head, tail, tail_at, n);
       }
       return text::detail::FromAnsiConverting({reinterpret_cast<const char*>(chars), n});
     }
