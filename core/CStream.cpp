@@ -345,8 +345,19 @@ void CStream::WriteStr(const std::string& sStr, int32_t FixedLength) {
       win_.cur = p + 4 + utf8.size();
       return;
     }
+    WriteConverted(p, utf8);
+    return;
   }
   WriteStrSlow(sStr, FixedLength);
+}
+
+// A text converted straight into the window at `p`, the end of the data,
+// where it may scribble past its output. Windows-1252 never takes more bytes
+// than UTF-8, so the room checked for the UTF-8 size is room enough.
+[[gnu::noinline]] void CStream::WriteConverted(unsigned char* p, std::string_view utf8) {
+  const std::size_t n = text::detail::ToAnsiConverting(utf8, reinterpret_cast<char*>(p + 4));
+  coding::EncodeFixed32(p, static_cast<uint32_t>(n));
+  win_.cur = p + 4 + n;
 }
 
 [[gnu::noinline]] void CStream::WriteStrSlow(const std::string& sStr, int32_t FixedLength) {

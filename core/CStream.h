@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "core/Coding.h"
 #include "core/Export.h"
@@ -199,6 +200,7 @@ class RINGBOOK_EXPORT CStream : public Object {
   std::string ReadChars(uint64_t count, const char* source);
   std::string ReadStrSlow(int32_t FixedLength);
   void WriteStrSlow(const std::string& sStr, int32_t FixedLength);
+  void WriteConverted(unsigned char* p, std::string_view utf8);
 
   // The fixed-width readers and writers work on the buffer window inline,
   // one bounds check and one copy; everything else (an empty or moved
