@@ -59,28 +59,26 @@ RINGBOOK_EXPORT std::string ToAnsi(std::string_view utf8);
 namespace detail {
 RINGBOOK_EXPORT std::size_t ToAnsiConverting(std::string_view utf8, char* out) noexcept;
 
-// Copies a text of at most 16 bytes with two overlapping loads and stores
-// (no call, no byte loop) and tells whether it was plain ASCII. The stores
-// are typed, so the caller's own bookkeeping (a string's length, a stream's
-// cursor) stays in registers across them.
+// Copies `n` bytes, at least one word's worth, as two overlapping words and
+// returns the two ORed together. The stores are typed, so the caller's own
+// bookkeeping (a string's length, a stream's cursor) stays in registers
+// across them.
+template <class Word>
+inline Word CopyOverlapping(const char* in, std::size_t n, unsigned char* out) noexcept {
+  Word head, tail;
+  std::memcpy(&head, in, sizeof head);
+  std::memcpy(&tail, in + n - sizeof tail, sizeof tail);
+  coding::detail::StoreFixed(out, head);
+  coding::detail::StoreFixed(out + n - sizeof tail, tail);
+  return head | tail;
+}
+
+// Copies a text of at most 16 bytes (no call, no loop but for the shortest)
+// and tells whether it was plain ASCII.
 inline bool CopyShortIfAscii(const char* in, std::size_t n, char* out) noexcept {
   auto* const o = reinterpret_cast<unsigned char*>(out);
-  if (n >= 8) {
-    uint64_t head, tail;
-    std::memcpy(&head, in, 8);
-    std::memcpy(&tail, in + n - 8, 8);
-    coding::detail::StoreFixed(o, head);
-    coding::detail::StoreFixed(o + n - 8, tail);
-    return ((head | tail) & 0x8080808080808080ull) == 0;
-  }
-  if (n >= 4) {
-    uint32_t head, tail;
-    std::memcpy(&head, in, 4);
-    std::memcpy(&tail, in + n - 4, 4);
-    coding::detail::StoreFixed(o, head);
-    coding::detail::StoreFixed(o + n - 4, tail);
-    return ((head | tail) & 0x80808080u) == 0;
-  }
+  if (n >= 8) return (CopyOverlapping<uint64_t>(in, n, o) & 0x8080808080808080ull) == 0;
+  if (n >= 4) return (CopyOverlapping<uint32_t>(in, n, o) & 0x80808080u) == 0;
   unsigned char any = 0;
   for (std::size_t i = 0; i < n; ++i) {
     out[i] = in[i];
