@@ -45,8 +45,7 @@ class BufferedFile {
   /// The file's length, including bytes written into the window but not yet
   /// to the file.
   uint64_t Size() const {
-    const std::size_t len = w_.Armed() && w_.Pos() > w_.Len() ? w_.Pos() : w_.Len();
-    const uint64_t window_end = window_start_ + len;
+    const uint64_t window_end = window_start_ + w_.DataLen();
     return size_ > window_end ? size_ : window_end;
   }
   uint64_t Position() const {

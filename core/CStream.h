@@ -51,10 +51,11 @@ struct StreamWindow {
   bool Armed() const { return limit != base; }
   void Arm() { limit = base + kSize; }
   void Disarm() { limit = base; }
+  /// The length of the file data in the window, counting inline writes
+  /// past `end`.
+  std::size_t DataLen() const { return Armed() && cur > end ? Pos() : Len(); }
   /// Brings `end` up to the end of the inline writes.
-  void Settle() {
-    if (Armed() && cur > end) end = cur;
-  }
+  void Settle() { SetLen(DataLen()); }
 };
 }  // namespace detail
 
