@@ -15,14 +15,20 @@ bool SeekTo(std::FILE* f, uint64_t offset) {
 #endif
 }
 
-bool IsDirectory(std::FILE* f) {
+// What the file system says of an open file: whether it is a directory
+// and its length.
+bool Inspect(std::FILE* f, bool& is_directory, uint64_t& size) {
 #ifdef _WIN32
   struct _stat64 st;
-  return _fstat64(_fileno(f), &st) == 0 && (st.st_mode & _S_IFDIR) != 0;
+  if (_fstat64(_fileno(f), &st) != 0) return false;
+  is_directory = (st.st_mode & _S_IFDIR) != 0;
 #else
   struct stat st;
-  return fstat(fileno(f), &st) == 0 && S_ISDIR(st.st_mode);
+  if (fstat(fileno(f), &st) != 0) return false;
+  is_directory = S_ISDIR(st.st_mode);
 #endif
+  size = st.st_size > 0 ? static_cast<uint64_t>(st.st_size) : 0;
+  return true;
 }
 
 }  // namespace
@@ -43,22 +49,18 @@ bool BufferedFile::Open(const std::string& path, Mode mode, int& error) {
     return false;
   }
   // Some C libraries open a directory for reading; it is not a file.
-  if (IsDirectory(f)) {
+  bool is_directory = false;
+  uint64_t size = 0;
+  if (!Inspect(f, is_directory, size) || is_directory) {
     std::fclose(f);
-    error = EISDIR;
+    error = is_directory ? EISDIR : EIO;
     return false;
   }
   std::setvbuf(f, nullptr, _IONBF, 0);  // the window is the only buffer
   file_ = f;
+  file_pos_ = 0;
+  last_was_read_ = false;
   writable_ = mode == Mode::kReadWrite;
-  uint64_t size = 0;
-  if (SeekTo(f, 0) && std::fseek(f, 0, SEEK_END) == 0) {
-#ifdef _WIN32
-    size = static_cast<uint64_t>(_ftelli64(f));
-#else
-    size = static_cast<uint64_t>(ftello(f));
-#endif
-  }
   size_ = size;
   w_.Disarm();
   w_.SetLen(0);
@@ -91,10 +93,25 @@ bool BufferedFile::Flush() {
   // Bytes in this range that were not written still hold what was loaded,
   // so writing the whole range back is harmless.
   const std::size_t n = w_.Len() - w_.dirty_lo;
-  const bool ok = SeekTo(file_, window_start_ + w_.dirty_lo) &&
+  const uint64_t at = window_start_ + w_.dirty_lo;
+  const bool ok = MoveTo(at, /*for_write=*/true) &&
                   std::fwrite(w_.base + w_.dirty_lo, 1, n, file_) == n && std::fflush(file_) == 0;
+  file_pos_ = ok ? at + n : kUnknownPos;
+  last_was_read_ = false;
   w_.dirty_lo = SIZE_MAX;
   return ok;
+}
+
+bool BufferedFile::MoveTo(uint64_t at, bool for_write) {
+  // A read must not be followed by a write without a positioning call
+  // between them, wherever the position already is.
+  if (at == file_pos_ && !(for_write && last_was_read_)) return true;
+  if (SeekTo(file_, at)) {
+    file_pos_ = at;
+    return true;
+  }
+  file_pos_ = kUnknownPos;
+  return false;
 }
 
 bool BufferedFile::LoadWindow(uint64_t start) {
@@ -104,10 +121,12 @@ bool BufferedFile::LoadWindow(uint64_t start) {
   w_.SetLen(0);
   w_.SetPos(0);
   if (start >= size_) return true;
-  if (!SeekTo(file_, start)) return false;
+  if (!MoveTo(start, /*for_write=*/false)) return false;
   const uint64_t left = size_ - start;
   const std::size_t want = left < kWindow ? static_cast<std::size_t>(left) : kWindow;
   w_.SetLen(std::fread(w_.base, 1, want, file_));
+  file_pos_ = w_.Len() == want ? start + want : kUnknownPos;
+  last_was_read_ = true;
   return w_.Len() == want;
 }
 

@@ -122,6 +122,10 @@ class BufferedFile {
 
   std::size_t ReadSlow(void* out, std::size_t n);
   bool WriteSlow(const void* in, std::size_t n);
+  /// Puts the system's file position at `at`. A pass that reads or writes
+  /// the file in order never needs to seek, so the position is only moved
+  /// when it is not where the last transfer left it.
+  bool MoveTo(uint64_t at, bool for_write);
   /// Moves the window to start at `start`, loading the file's bytes there;
   /// the position is then the window's first byte.
   bool LoadWindow(uint64_t start);
@@ -140,6 +144,9 @@ class BufferedFile {
   uint64_t window_start_ = 0;
   uint64_t detached_pos_ = 0;  // the position while it is outside the window
   uint64_t size_ = 0;          // the length before the window's bytes are counted in
+  static constexpr uint64_t kUnknownPos = UINT64_MAX;
+  uint64_t file_pos_ = kUnknownPos;  // where the last transfer left the system's position
+  bool last_was_read_ = false;
 };
 
 }  // namespace ringbook
