@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string>
-#include <vector>
 
 #include "core/CStream.h"
 
@@ -24,8 +24,13 @@ class BufferedFile {
   enum class Mode { kReadOnly, kReadWrite };
   using Window = detail::StreamWindow;
 
-  explicit BufferedFile(Window& window) : w_(window), window_(Window::kSize + Window::kSlack) {
-    w_.base = window_.data();
+  // The window's bytes are left as they come: they are file data only once
+  // loaded or written. The slack, which is never file data, reads as zeros.
+  explicit BufferedFile(Window& window)
+      : w_(window),
+        window_(std::make_unique_for_overwrite<unsigned char[]>(Window::kSize + Window::kSlack)) {
+    std::memset(window_.get() + Window::kSize, 0, Window::kSlack);
+    w_.base = window_.get();
     w_.end = w_.base;
     w_.limit = w_.base;
     Detach(0);
@@ -140,7 +145,7 @@ class BufferedFile {
   Window& w_;
   std::FILE* file_ = nullptr;
   bool writable_ = false;
-  std::vector<unsigned char> window_;
+  std::unique_ptr<unsigned char[]> window_;
   uint64_t window_start_ = 0;
   uint64_t detached_pos_ = 0;  // the position while it is outside the window
   uint64_t size_ = 0;          // the length before the window's bytes are counted in

@@ -34,7 +34,10 @@ namespace detail {
 /// ends at `cur` if that is further, and the file settles `end` before it
 /// uses it.
 struct StreamWindow {
-  static constexpr std::size_t kSize = 64 * 1024;
+  // Each move of the window is one system write or read, and on most file
+  // systems each write also stamps the file's modification time: a large
+  // window keeps a long save or load to a few dozen calls.
+  static constexpr std::size_t kSize = 256 * 1024;
   static constexpr std::size_t kSlack = 32;
   static constexpr std::size_t kDetached = kSize + 1;
   unsigned char* base = nullptr;

@@ -61,6 +61,8 @@ namespace fs = std::filesystem;
 
 constexpr int32_t kOpenError = static_cast<int32_t>(0x80040201u);
 constexpr int32_t kEofError = static_cast<int32_t>(0x80040202u);
+// The size of the stream's buffer window, which the boundary tests straddle.
+constexpr int64_t kWindow = static_cast<int64_t>(detail::StreamWindow::kSize);
 constexpr int32_t kWriteError = static_cast<int32_t>(0x80040204u);
 
 Bytes FileBytes(const std::string& path) {
@@ -330,11 +332,11 @@ TEST_F(CStreamTest, SeekToIsOneBasedAndWritesPastTheEndFillWithZeros) {
             (Bytes{'A', 'B', 'Z', 'Z', 'E', 'F', 'G', 'H', 0, 0, 0, '!'}));
 }
 
-// Values that straddle a 64 KiB buffer window boundary take the slow path on
-// both sides and must still come back whole.
+// Values that straddle a buffer window boundary take the slow path on both
+// sides and must still come back whole.
 TEST_F(CStreamTest, ValuesStraddlingBufferWindowsRoundTrip) {
   auto s = OpenOn("straddle.bin");
-  for (int64_t window_end : {65536, 131072, 196608}) {
+  for (int64_t window_end : {kWindow, 2 * kWindow, 3 * kWindow}) {
     for (int shift = 1; shift < 8; ++shift) {
       s->SetSeekTo(static_cast<int32_t>(window_end - shift + 1));
       s->WriteDate(1234.5 + shift);
@@ -353,10 +355,10 @@ TEST_F(CStreamTest, ValuesStraddlingBufferWindowsRoundTrip) {
 
   // Read back by a fresh stream, whose first window is loaded from the file.
   auto r = OpenOn("straddle.bin");
-  r->SetSeekTo(65536 - 1);
+  r->SetSeekTo(static_cast<int32_t>(kWindow - 1));
   EXPECT_EQ(r->ReadLng(), -123456789);
   EXPECT_EQ(r->ReadStr(), "across");
-  r->SetSeekTo(196608 - 1);
+  r->SetSeekTo(static_cast<int32_t>(3 * kWindow - 1));
   EXPECT_EQ(r->ReadLng(), -123456789);
   EXPECT_EQ(r->ReadStr(), "across");
   EXPECT_EQ(LastError().Number, 0);
@@ -376,7 +378,8 @@ TEST_F(CStreamTest, ShortTextsReadBackWhateverTheirLengthAndNeighbours) {
   }
   auto s = OpenOn("short.bin");
   for (const std::string& t : texts) s->WriteStr(t);
-  const int32_t at_window_end = 65536 - 4 - 5 + 1;  // "Ma\u00EFs!" ends the first window
+  const auto at_window_end =
+      static_cast<int32_t>(kWindow - 4 - 5 + 1);  // "Ma\u00EFs!" ends the first window
   s->SetSeekTo(at_window_end);
   s->WriteStr("Ma\u00EFs!");
   s->WriteStr("\u00C9t\u00E9");
@@ -390,7 +393,7 @@ TEST_F(CStreamTest, ShortTextsReadBackWhateverTheirLengthAndNeighbours) {
   EXPECT_EQ(LastError().Number, 0);
 }
 
-// Random seeks, reads and writes of every width across several 64 KiB
+// Random seeks, reads and writes of every width across several buffer
 // windows, checked against a plain byte vector.
 TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
   std::mt19937 rng(20240611);
@@ -400,7 +403,7 @@ TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
     if (model.size() < pos + n) model.resize(pos + n, 0);
     std::copy(p, p + n, model.begin() + static_cast<std::ptrdiff_t>(pos));
   };
-  constexpr int kMaxPos = 300000;
+  constexpr int kMaxPos = static_cast<int>(kWindow * 9 / 2);
   for (int step = 0; step < 20000; ++step) {
     const int op = static_cast<int>(rng() % 7);
     if (op == 0) {
@@ -417,7 +420,7 @@ TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
       // Mostly short texts, now and then one longer than a window; fixed
       // length, or counted with accented letters that take one byte fewer in
       // the file than in UTF-8 (so over existing bytes, which must survive).
-      const std::size_t len = rng() % 16 == 0 ? rng() % 70000 : rng() % 20;
+      const std::size_t len = rng() % 16 == 0 ? rng() % (kWindow + 4500) : rng() % 20;
       if (step % 2 == 0) {
         std::string text(len, static_cast<char>('a' + step % 26));
         s->WriteStr(text, static_cast<int32_t>(text.size() + 1));
@@ -442,7 +445,8 @@ TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
       put(pos, &b, 1);
     } else if (op == 4) {
       // A read of any length, possibly across windows or past the end.
-      const auto len = static_cast<int32_t>(1 + (rng() % 32 == 0 ? rng() % 70000 : rng() % 12));
+      const auto len =
+          static_cast<int32_t>(1 + (rng() % 32 == 0 ? rng() % (kWindow + 4500) : rng() % 12));
       ClearLastError();
       const std::string got = s->ReadStr(len);
       const uint64_t have = pos < model.size() ? std::min<uint64_t>(len, model.size() - pos) : 0;
