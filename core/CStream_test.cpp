@@ -7,9 +7,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <new>
 #include <random>
 #include <string>
@@ -20,6 +18,7 @@
 #include "core/HostServices.h"
 #include "core/StreamRecord.h"
 #include "core/Text.h"
+#include "support/Bytes.h"
 #include "support/TempDir.h"
 
 // The largest single request made through operator new in this test program,
@@ -58,23 +57,14 @@ namespace {
 
 using Bytes = std::vector<uint8_t>;
 namespace fs = std::filesystem;
+using test::ReadFileBytes;
+using test::WriteFileBytes;
 
 constexpr int32_t kOpenError = static_cast<int32_t>(0x80040201u);
 constexpr int32_t kEofError = static_cast<int32_t>(0x80040202u);
+constexpr int32_t kWriteError = static_cast<int32_t>(0x80040204u);
 // The size of the stream's buffer window, which the boundary tests straddle.
 constexpr int64_t kWindow = static_cast<int64_t>(detail::StreamWindow::kSize);
-constexpr int32_t kWriteError = static_cast<int32_t>(0x80040204u);
-
-Bytes FileBytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return Bytes(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-void SetFileBytes(const std::string& path, const Bytes& bytes) {
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(reinterpret_cast<const char*>(bytes.data()),
-            static_cast<std::streamsize>(bytes.size()));
-}
 
 Bytes Concat(std::initializer_list<Bytes> parts) {
   Bytes all;
@@ -158,15 +148,14 @@ class CStreamTest : public ::testing::Test {
   // Writes with `write` into a fresh file and returns the file's bytes.
   Bytes Written(const std::function<void(CStream&)>& write) {
     const std::string path = dir_.File("written.bin");
-    std::error_code ec;
-    fs::remove(path, ec);
+    fs::remove(path);
     CStream stream;
     stream.SetFilename(path);
     stream.OpenStream();
     write(stream);
     stream.CloseStream();
     EXPECT_EQ(LastError().Number, 0) << LastError().Source << " " << LastError().Description;
-    return FileBytes(path);
+    return ReadFileBytes(path);
   }
 
   test::TempDir dir_;
@@ -178,131 +167,99 @@ void ExpectPosted(int32_t number, const std::string& source, const std::string& 
   EXPECT_EQ(LastError().Description, description);
 }
 
-TEST_F(CStreamTest, TemporaryNameIsTargetPlusTmpRecomputedOnEverySet) {
-  CStream stream;
-  EXPECT_EQ(stream.Filename(), "");
-  stream.SetFilename("cards/main event.crd");
-  EXPECT_EQ(stream.Filename(), "cards/main event.crd");
-  EXPECT_EQ(stream.TempFilename(), "cards/main event.crd.tmp");
-  stream.SetFilename("other");
-  EXPECT_EQ(stream.TempFilename(), "other.tmp");
-}
-
-TEST_F(CStreamTest, FixedWidthValuesAreLittleEndian) {
+TEST_F(CStreamTest, FixedWidthValuesAreLittleEndianAndReadBack) {
   EXPECT_EQ(Written([](CStream& s) {
               s.WriteBln(true);
               s.WriteBln(false);
               s.WriteByte(0xAB);
-              s.WriteInt(-2);
+              s.WriteInt(-32768);
               s.WriteInt(0x1234);
               s.WriteLng(0x12345678);
-              s.WriteLng(-1);
-              s.WriteSng(1.5f);
-              s.WriteDate(36526.5);
+              s.WriteLng(-2147483647 - 1);
+              s.WriteSng(-0.1f);
+              s.WriteDate(45000.123456789);
               s.WriteDate(-1.25);
             }),
-            (Bytes{0xFF, 0xFF, 0x00, 0x00, 0xAB, 0xFE, 0xFF, 0x34, 0x12, 0x78, 0x56, 0x34, 0x12,
-                   0xFF, 0xFF, 0xFF, 0xFF, 0x00, 0x00, 0xC0, 0x3F, 0x00, 0x00, 0x00, 0x00, 0xD0,
-                   0xD5, 0xE1, 0x40, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0xF4, 0xBF}));
-}
-
-TEST_F(CStreamTest, CountedStringsAreWindows1252OneBytePerCharacter) {
-  EXPECT_EQ(Written([](CStream& s) { s.WriteStr("Zo\u00EB \u00C7elik"); }),
-            (Bytes{9, 0, 0, 0, 'Z', 'o', 0xEB, ' ', 0xC7, 'e', 'l', 'i', 'k'}));
-  // Characters without a Windows-1252 byte become '?' and still count as one.
-  EXPECT_EQ(Written([](CStream& s) { s.WriteStr("\u0141\u00F3d\u017A \u65E5\U0001F600"); }),
-            (Bytes{7, 0, 0, 0, '?', 0xF3, 'd', '?', ' ', '?', '?'}));
-  EXPECT_EQ(Written([](CStream& s) { s.WriteStr("\u20AC"); }), (Bytes{1, 0, 0, 0, 0x80}));
-  EXPECT_EQ(Written([](CStream& s) { s.WriteStr(""); }), (Bytes{0, 0, 0, 0}));
-}
-
-TEST_F(CStreamTest, FixedLengthStringsArePaddedOrCutAndReadBackUntrimmed) {
-  const Bytes bytes = Written([](CStream& s) {
-    s.WriteStr("abc", 5);
-    s.WriteStr("abcdefghijk", 5);
-    s.WriteStr("Zo\u00EB\u00EB\u00EB\u00EB", 4);  // cut by characters, not bytes
-    s.WriteStr("x", 0);                           // below 1: counted form
-  });
-  EXPECT_EQ(bytes, (Bytes{'a', 'b', 'c', ' ', ' ', 'a', 'b', 'c', 'd', 'e', 'Z', 'o', 0xEB, 0xEB, 1,
-                          0, 0, 0, 'x'}));
-
-  auto stream = OpenOn("written.bin");
-  EXPECT_EQ(stream->ReadStr(5), "abc  ");
-  EXPECT_EQ(stream->ReadStr(5), "abcde");
-  EXPECT_EQ(stream->ReadStr(4), "Zo\u00EB\u00EB");
-  EXPECT_EQ(stream->ReadStr(-7), "x");
-  EXPECT_EQ(LastError().Number, 0);
-}
-
-TEST_F(CStreamTest, ValuesReadBackAsWritten) {
-  Written([](CStream& s) {
-    s.WriteBln(true);
-    s.WriteByte(200);
-    s.WriteInt(-32768);
-    s.WriteLng(-2147483647 - 1);
-    s.WriteSng(-0.1f);
-    s.WriteDate(45000.123456789);
-    s.WriteStr("Zo\u00EB \u00C7elik \u20AC");
-    s.WriteStr("");
-  });
+            (Bytes{0xFF, 0xFF, 0x00, 0x00, 0xAB, 0x00, 0x80, 0x34, 0x12, 0x78, 0x56, 0x34, 0x12,
+                   0x00, 0x00, 0x00, 0x80, 0xCD, 0xCC, 0xCC, 0xBD, 0xE7, 0xA6, 0x5B, 0xF3, 0x03,
+                   0xF9, 0xE5, 0x40, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0xF4, 0xBF}));
   auto s = OpenOn("written.bin");
   EXPECT_TRUE(s->ReadBln());
-  EXPECT_EQ(s->ReadByte(), 200);
+  EXPECT_FALSE(s->ReadBln());
+  EXPECT_EQ(s->ReadByte(), 0xAB);
   EXPECT_EQ(s->ReadInt(), -32768);
+  EXPECT_EQ(s->ReadInt(), 0x1234);
+  EXPECT_EQ(s->ReadLng(), 0x12345678);
   EXPECT_EQ(s->ReadLng(), -2147483647 - 1);
   EXPECT_EQ(s->ReadSng(), -0.1f);
   EXPECT_EQ(s->ReadDate(), 45000.123456789);
-  EXPECT_EQ(s->ReadStr(), "Zo\u00EB \u00C7elik \u20AC");
+  EXPECT_EQ(s->ReadDate(), -1.25);
+  EXPECT_EQ(LastError().Number, 0);
+
+  // Any non-zero boolean reads True.
+  WriteFileBytes(dir_.File("b.bin"), {0x01, 0x00, 0x00, 0x80, 0x00, 0x00});
+  auto b = OpenOn("b.bin");
+  EXPECT_TRUE(b->ReadBln());
+  EXPECT_TRUE(b->ReadBln());
+  EXPECT_FALSE(b->ReadBln());
+}
+
+// Counted texts take one Windows-1252 byte per character ('?' for those
+// without one); fixed-length texts are padded or cut by characters and read
+// back untrimmed, and a length below 1 means the counted form.
+TEST_F(CStreamTest, TextsAreWindows1252CountedOrFixedLength) {
+  EXPECT_EQ(Written([](CStream& s) {
+              s.WriteStr("Zo\u00EB \u00C7elik");
+              s.WriteStr("\u0141\u00F3d\u017A \u65E5\U0001F600");
+              s.WriteStr("\u20AC");
+              s.WriteStr("");
+              s.WriteStr("abc", 5);
+              s.WriteStr("abcdefghijk", 5);
+              s.WriteStr("Zo\u00EB\u00EB\u00EB\u00EB", 4);
+              s.WriteStr("x", 0);
+            }),
+            Concat({{9, 0, 0, 0, 'Z', 'o', 0xEB, ' ', 0xC7, 'e', 'l', 'i', 'k'},
+                    {7, 0, 0, 0, '?', 0xF3, 'd', '?', ' ', '?', '?'},
+                    {1, 0, 0, 0, 0x80},
+                    {0, 0, 0, 0},
+                    {'a', 'b', 'c', ' ', ' ', 'a', 'b', 'c', 'd', 'e', 'Z', 'o', 0xEB, 0xEB},
+                    {1, 0, 0, 0, 'x'}}));
+  auto s = OpenOn("written.bin");
+  EXPECT_EQ(s->ReadStr(), "Zo\u00EB \u00C7elik");
+  EXPECT_EQ(s->ReadStr(), "?\u00F3d? ??");
+  EXPECT_EQ(s->ReadStr(), "\u20AC");
   EXPECT_EQ(s->ReadStr(), "");
+  EXPECT_EQ(s->ReadStr(5), "abc  ");
+  EXPECT_EQ(s->ReadStr(5), "abcde");
+  EXPECT_EQ(s->ReadStr(4), "Zo\u00EB\u00EB");
+  EXPECT_EQ(s->ReadStr(-7), "x");
   EXPECT_EQ(LastError().Number, 0);
 }
 
-TEST_F(CStreamTest, AnyNonZeroBooleanReadsTrue) {
-  SetFileBytes(dir_.File("b.bin"), {0x01, 0x00, 0x00, 0x80, 0x00, 0x00});
-  auto s = OpenOn("b.bin");
-  EXPECT_TRUE(s->ReadBln());
-  EXPECT_TRUE(s->ReadBln());
-  EXPECT_FALSE(s->ReadBln());
-}
-
-TEST_F(CStreamTest, VariantsCarryTheirAutomationTag) {
-  EXPECT_EQ(Written([](CStream& s) {
-              s.WriteVar(Variant(int16_t{-2}));
-              s.WriteVar(Variant(int32_t{0x01020304}));
-              s.WriteVar(Variant(1.5f));
-              s.WriteVar(Variant(-1.25));
-              s.WriteVar(Variant::FromDate(36526.5));
-              s.WriteVar(Variant("Zo\u00EB"));
-              s.WriteVar(Variant(true));
-              s.WriteVar(Variant(false));
-              s.WriteVar(Variant(uint8_t{0x7F}));
-              s.WriteVar(Variant());
-              s.WriteVar(Variant::Null());
+// Each variant carries its automation tag and reads back with its type.
+TEST_F(CStreamTest, VariantsCarryTheirTagAndReadBackWithTheirType) {
+  const std::pair<Variant, Bytes> cases[] = {
+      {Variant(int16_t{-2}), {2, 0, 0xFE, 0xFF}},
+      {Variant(int32_t{0x01020304}), {3, 0, 4, 3, 2, 1}},
+      {Variant(1.5f), {4, 0, 0x00, 0x00, 0xC0, 0x3F}},
+      {Variant(0.1), {5, 0, 0x9A, 0x99, 0x99, 0x99, 0x99, 0x99, 0xB9, 0x3F}},
+      {Variant::FromDate(-1.25), {7, 0, 0, 0, 0, 0, 0, 0, 0xF4, 0xBF}},
+      {Variant("Zo\u00EB"), {8, 0, 3, 0, 'Z', 'o', 0xEB}},
+      {Variant(std::string()), {8, 0, 0, 0}},
+      {Variant(true), {11, 0, 0xFF, 0xFF}},
+      {Variant(false), {11, 0, 0, 0}},
+      {Variant(uint8_t{0xFF}), {17, 0, 0xFF}},
+      {Variant(), {0, 0}},
+      {Variant::Null(), {1, 0}},
+  };
+  Bytes want;
+  for (const auto& [v, bytes] : cases) want.insert(want.end(), bytes.begin(), bytes.end());
+  EXPECT_EQ(Written([&](CStream& s) {
+              for (const auto& c : cases) s.WriteVar(c.first);
             }),
-            Concat({{2, 0, 0xFE, 0xFF},
-                    {3, 0, 4, 3, 2, 1},
-                    {4, 0, 0x00, 0x00, 0xC0, 0x3F},
-                    {5, 0, 0, 0, 0, 0, 0, 0, 0xF4, 0xBF},
-                    {7, 0, 0, 0, 0, 0, 0xD0, 0xD5, 0xE1, 0x40},
-                    {8, 0, 3, 0, 'Z', 'o', 0xEB},
-                    {11, 0, 0xFF, 0xFF},
-                    {11, 0, 0, 0},
-                    {17, 0, 0x7F},
-                    {0, 0},
-                    {1, 0}}));
-}
-
-TEST_F(CStreamTest, VariantsReadBackWithTheirType) {
-  const std::vector<Variant> values = {
-      Variant(int16_t{-2}), Variant(int32_t{123456}), Variant(0.25f),
-      Variant(1e300),       Variant::FromDate(-1.25), Variant("\u00C7elik"),
-      Variant(true),        Variant(uint8_t{255}),    Variant(),
-      Variant::Null(),      Variant(std::string())};
-  Written([&](CStream& s) {
-    for (const Variant& v : values) s.WriteVar(v);
-  });
+            want);
   auto s = OpenOn("written.bin");
-  for (const Variant& v : values) {
+  for (const auto& [v, bytes] : cases) {
     const Variant back = s->ReadVar();
     EXPECT_EQ(back.Type(), v.Type());
     EXPECT_TRUE(back == v) << v.ToText();
@@ -310,26 +267,6 @@ TEST_F(CStreamTest, VariantsReadBackWithTheirType) {
   EXPECT_EQ(LastError().Number, 0);
   s->ReadVar();
   ExpectPosted(kEofError, "Stream:ReadVar", "EOF");
-}
-
-TEST_F(CStreamTest, SeekToIsOneBasedAndWritesPastTheEndFillWithZeros) {
-  auto s = OpenOn("seek.bin");
-  EXPECT_EQ(s->SeekTo(), 1);
-  s->WriteLng(0x44434241);
-  EXPECT_EQ(s->SeekTo(), 5);
-  s->WriteLng(0x48474645);
-  s->SetSeekTo(3);
-  s->WriteInt(0x5A5A);
-  EXPECT_EQ(s->SeekTo(), 5);
-  s->SetSeekTo(12);
-  s->WriteByte('!');
-  EXPECT_EQ(s->SeekTo(), 13);
-  s->SetSeekTo(2);
-  EXPECT_EQ(s->ReadByte(), 'B');
-  s->CloseStream();
-  EXPECT_EQ(LastError().Number, 0);
-  EXPECT_EQ(FileBytes(dir_.File("seek.bin")),
-            (Bytes{'A', 'B', 'Z', 'Z', 'E', 'F', 'G', 'H', 0, 0, 0, '!'}));
 }
 
 // Values that straddle a buffer window boundary take the slow path on both
@@ -355,12 +292,11 @@ TEST_F(CStreamTest, ValuesStraddlingBufferWindowsRoundTrip) {
 
   // Read back by a fresh stream, whose first window is loaded from the file.
   auto r = OpenOn("straddle.bin");
-  r->SetSeekTo(static_cast<int32_t>(kWindow - 1));
-  EXPECT_EQ(r->ReadLng(), -123456789);
-  EXPECT_EQ(r->ReadStr(), "across");
-  r->SetSeekTo(static_cast<int32_t>(3 * kWindow - 1));
-  EXPECT_EQ(r->ReadLng(), -123456789);
-  EXPECT_EQ(r->ReadStr(), "across");
+  for (int64_t window_end : {kWindow, 3 * kWindow}) {
+    r->SetSeekTo(static_cast<int32_t>(window_end - 1));
+    EXPECT_EQ(r->ReadLng(), -123456789);
+    EXPECT_EQ(r->ReadStr(), "across");
+  }
   EXPECT_EQ(LastError().Number, 0);
 }
 
@@ -394,11 +330,13 @@ TEST_F(CStreamTest, ShortTextsReadBackWhateverTheirLengthAndNeighbours) {
 }
 
 // Random seeks, reads and writes of every width across several buffer
-// windows, checked against a plain byte vector.
+// windows, checked against a plain byte vector: positions are one-based and
+// writes past the end fill the gap with zeros.
 TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
   std::mt19937 rng(20240611);
   Bytes model;
   auto s = OpenOn("model.bin");
+  ASSERT_EQ(s->SeekTo(), 1);
   auto put = [&](uint64_t pos, const uint8_t* p, std::size_t n) {
     if (model.size() < pos + n) model.resize(pos + n, 0);
     std::copy(p, p + n, model.begin() + static_cast<std::ptrdiff_t>(pos));
@@ -473,11 +411,11 @@ TEST_F(CStreamTest, RandomAccessMatchesAByteModelAcrossBufferWindows) {
     }
   }
   s->CloseStream();
-  EXPECT_EQ(FileBytes(dir_.File("model.bin")), model);
+  EXPECT_EQ(ReadFileBytes(dir_.File("model.bin")), model);
 }
 
 TEST_F(CStreamTest, ShortReadPostsEofWithTheReadersSourceExactFitDoesNot) {
-  SetFileBytes(dir_.File("six.bin"), {1, 2, 3, 4, 5, 6});
+  WriteFileBytes(dir_.File("six.bin"), {1, 2, 3, 4, 5, 6});
   auto s = OpenOn("six.bin");
   EXPECT_EQ(s->ReadLng(), 0x04030201);
   EXPECT_EQ(LastError().Number, 0);
@@ -514,14 +452,14 @@ TEST_F(CStreamTest, ShortReadPostsEofWithTheReadersSourceExactFitDoesNot) {
 
 TEST_F(CStreamTest, StringCountsThatCannotBeUsed) {
   // Negative count: nothing more is read, no error.
-  SetFileBytes(dir_.File("neg.bin"), {0xFF, 0xFF, 0xFF, 0xFF, 'a', 'b'});
+  WriteFileBytes(dir_.File("neg.bin"), {0xFF, 0xFF, 0xFF, 0xFF, 'a', 'b'});
   auto s = OpenOn("neg.bin");
   EXPECT_EQ(s->ReadStr(), "");
   EXPECT_EQ(s->SeekTo(), 5);
   EXPECT_EQ(LastError().Number, 0);
 
   // A count far beyond the file returns what is there and allocates no more.
-  SetFileBytes(dir_.File("huge.bin"), {0x00, 0x94, 0x35, 0x77, 'a', 'b', 'c', 'd', 'e', 'f'});
+  WriteFileBytes(dir_.File("huge.bin"), {0x00, 0x94, 0x35, 0x77, 'a', 'b', 'c', 'd', 'e', 'f'});
   auto h = OpenOn("huge.bin");
   g_largest_allocation = 0;
   EXPECT_EQ(h->ReadStr(), "abcdef");
@@ -529,7 +467,7 @@ TEST_F(CStreamTest, StringCountsThatCannotBeUsed) {
   ExpectPosted(kEofError, "Stream:ReadStr", "EOF");
 
   // Same for the 16-bit count of a text value.
-  SetFileBytes(dir_.File("var.bin"), {8, 0, 0xFF, 0xFF, 'x', 'y'});
+  WriteFileBytes(dir_.File("var.bin"), {8, 0, 0xFF, 0xFF, 'x', 'y'});
   auto v = OpenOn("var.bin");
   EXPECT_EQ(v->ReadVar().ToText(), "xy");
   ExpectPosted(kEofError, "Stream:ReadVar", "EOF");
@@ -544,11 +482,11 @@ TEST_F(CStreamTest, OpenWithoutOverwriteCreatesAMissingFileAndKeepsAnExistingOne
   EXPECT_EQ(s->ReadStr(), "");
   s->CloseStream();
 
-  SetFileBytes(dir_.File("old.bin"), {1, 2, 3, 4, 5, 6, 7, 8});
+  WriteFileBytes(dir_.File("old.bin"), {1, 2, 3, 4, 5, 6, 7, 8});
   auto o = OpenOn("old.bin");
   o->WriteInt(0);
   o->CloseStream();
-  EXPECT_EQ(FileBytes(dir_.File("old.bin")), (Bytes{0, 0, 3, 4, 5, 6, 7, 8}));
+  EXPECT_EQ(ReadFileBytes(dir_.File("old.bin")), (Bytes{0, 0, 3, 4, 5, 6, 7, 8}));
   EXPECT_FALSE(fs::exists(dir_.File("old.bin.tmp")));
 }
 
@@ -563,20 +501,19 @@ TEST_F(CStreamTest, FailedOpenPostsAndLaterCallsFailQuietly) {
     EXPECT_EQ(LastError().Description.rfind("Error opening file: ", 0), 0u);
     EXPECT_GT(LastError().Description.size(), std::string("Error opening file: ").size());
 
-    s.WriteLng(5);
-    ExpectPosted(kWriteError, "Stream:WriteLng", "Write Error: ");
-    s.WriteBln(true);
-    ExpectPosted(kWriteError, "Stream:WriteBln", "Write Error: ");
-    s.WriteByte(1);
-    ExpectPosted(kWriteError, "Stream:WriteByte", "Write Error: ");
-    s.WriteInt(1);
-    ExpectPosted(kWriteError, "Stream:WriteInt", "Write Error: ");
-    s.WriteSng(1);
-    ExpectPosted(kWriteError, "Stream:WriteSng", "Write Error: ");
-    s.WriteDate(1);
-    ExpectPosted(kWriteError, "Stream:WriteDate", "Write Error: ");
-    s.WriteVar(Variant(int32_t{1}));
-    ExpectPosted(kWriteError, "Stream:WriteVar", "Write Error: ");
+    const std::pair<std::function<void()>, const char*> writers[] = {
+        {[&] { s.WriteLng(5); }, "Stream:WriteLng"},
+        {[&] { s.WriteBln(true); }, "Stream:WriteBln"},
+        {[&] { s.WriteByte(1); }, "Stream:WriteByte"},
+        {[&] { s.WriteInt(1); }, "Stream:WriteInt"},
+        {[&] { s.WriteSng(1); }, "Stream:WriteSng"},
+        {[&] { s.WriteDate(1); }, "Stream:WriteDate"},
+        {[&] { s.WriteVar(Variant(int32_t{1})); }, "Stream:WriteVar"},
+    };
+    for (const auto& [write, source] : writers) {
+      write();
+      ExpectPosted(kWriteError, source, "Write Error: ");
+    }
     s.WriteStr("abc");
     EXPECT_EQ(LastError().Number, kWriteError);
     EXPECT_EQ(LastError().Source, "Stream:WriteStr");
@@ -593,20 +530,16 @@ TEST_F(CStreamTest, FailedOpenPostsAndLaterCallsFailQuietly) {
   EXPECT_FALSE(fs::exists(dir_.File("no such folder")));
 }
 
-TEST_F(CStreamTest, ReadFileOnAMissingFileDoesNothing) {
+// A missing file is no error (and is not created); a folder posts without
+// the system's text.
+TEST_F(CStreamTest, ReadFileOnAMissingFileOrAFolder) {
   PostError(1, "earlier", "earlier");
   Sample obj;
   CStream s;
   s.SetFilename(dir_.File("missing.bin"));
   s.ReadFile(obj, 3);
-  EXPECT_TRUE(obj.read_positions.empty());
   EXPECT_EQ(LastError().Number, 0);
   EXPECT_FALSE(fs::exists(dir_.File("missing.bin")));
-}
-
-TEST_F(CStreamTest, ReadFileOnAFolderPostsWithoutSystemText) {
-  Sample obj;
-  CStream s;
   s.SetFilename(dir_.Path().string());
   s.ReadFile(obj);
   EXPECT_TRUE(obj.read_positions.empty());
@@ -626,7 +559,7 @@ TEST_F(CStreamTest, WriteFileAndReadFilePassPositionOnlyWhenPositive) {
   EXPECT_EQ(out.save_positions, (std::vector<int32_t>{7, 0, 0}));
   EXPECT_EQ(LastError().Number, 0);
   // Each write starts at position 1 of the same file.
-  EXPECT_EQ(FileBytes(dir_.File("obj.bin")),
+  EXPECT_EQ(ReadFileBytes(dir_.File("obj.bin")),
             (Bytes{0xD6, 0xFF, 0xFF, 0xFF, 3, 0, 0, 0, 'Z', 'o', 0xEB, 0xFF, 0xFF}));
 
   Sample in;
@@ -640,8 +573,8 @@ TEST_F(CStreamTest, WriteFileAndReadFilePassPositionOnlyWhenPositive) {
 }
 
 TEST_F(CStreamTest, ReadFileReadsTheTargetWhateverTheOverwriteFlag) {
-  SetFileBytes(dir_.File("t.bin"), {9, 0, 0, 0, 0, 0, 0, 0, 0, 0});
-  SetFileBytes(dir_.File("t.bin.tmp"), {1, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+  WriteFileBytes(dir_.File("t.bin"), {9, 0, 0, 0, 0, 0, 0, 0, 0, 0});
+  WriteFileBytes(dir_.File("t.bin.tmp"), {1, 0, 0, 0, 0, 0, 0, 0, 0, 0});
   auto utility = std::make_shared<RecordingUtility>(false);
   SetUtility(utility);
   CStream s;
@@ -657,19 +590,21 @@ TEST_F(CStreamTest, ReadFileReadsTheTargetWhateverTheOverwriteFlag) {
 TEST_F(CStreamTest, OverwriteSaveTouchesTheTargetOnlyOnClose) {
   const std::string target = dir_.File("card.crd");
   const Bytes old_bytes(100000, 0x11);
-  SetFileBytes(target, old_bytes);
+  WriteFileBytes(target, old_bytes);
 
   CStream s;
+  s.SetFilename(dir_.File("other"));
   s.SetFilename(target);
+  EXPECT_EQ(s.TempFilename(), target + ".tmp");  // recomputed on every set
   s.OpenStream(true);
   for (int i = 0; i < 50000; ++i) s.WriteLng(i);  // several buffer windows
   s.WriteStr("end");
-  EXPECT_EQ(FileBytes(target), old_bytes);
+  EXPECT_EQ(ReadFileBytes(target), old_bytes);
   EXPECT_TRUE(fs::exists(target + ".tmp"));
   s.CloseStream();
   EXPECT_EQ(LastError().Number, 0);
   EXPECT_FALSE(fs::exists(target + ".tmp"));
-  const Bytes saved = FileBytes(target);
+  const Bytes saved = ReadFileBytes(target);
   ASSERT_EQ(saved.size(), 200007u);
   EXPECT_EQ(Bytes(saved.end() - 7, saved.end()), (Bytes{3, 0, 0, 0, 'e', 'n', 'd'}));
 
@@ -677,13 +612,13 @@ TEST_F(CStreamTest, OverwriteSaveTouchesTheTargetOnlyOnClose) {
   s.OpenStream(true);
   s.WriteInt(7);
   s.CloseStream();
-  EXPECT_EQ(FileBytes(target), (Bytes{7, 0}));
+  EXPECT_EQ(ReadFileBytes(target), (Bytes{7, 0}));
   EXPECT_FALSE(fs::exists(target + ".tmp"));
 }
 
 TEST_F(CStreamTest, InterruptedSaveLeavesTheTargetAndTheTemporaryFile) {
   const std::string target = dir_.File("card.crd");
-  SetFileBytes(target, {1, 2, 3});
+  WriteFileBytes(target, {1, 2, 3});
   {
     CStream s;
     s.SetFilename(target);
@@ -691,8 +626,8 @@ TEST_F(CStreamTest, InterruptedSaveLeavesTheTargetAndTheTemporaryFile) {
     s.WriteLng(0x0A0B0C0D);
     s.WriteLng(0x0A0B0C0D);
   }  // destroyed without CloseStream
-  EXPECT_EQ(FileBytes(target), (Bytes{1, 2, 3}));
-  EXPECT_EQ(FileBytes(target + ".tmp"), (Bytes{0xD, 0xC, 0xB, 0xA, 0xD, 0xC, 0xB, 0xA}));
+  EXPECT_EQ(ReadFileBytes(target), (Bytes{1, 2, 3}));
+  EXPECT_EQ(ReadFileBytes(target + ".tmp"), (Bytes{0xD, 0xC, 0xB, 0xA, 0xD, 0xC, 0xB, 0xA}));
 
   // The next save opens the leftover without truncating it: its bytes beyond
   // what is written stay at the end.
@@ -701,7 +636,7 @@ TEST_F(CStreamTest, InterruptedSaveLeavesTheTargetAndTheTemporaryFile) {
   again.OpenStream(true);
   again.WriteInt(-1);
   again.CloseStream();
-  EXPECT_EQ(FileBytes(target), (Bytes{0xFF, 0xFF, 0xB, 0xA, 0xD, 0xC, 0xB, 0xA}));
+  EXPECT_EQ(ReadFileBytes(target), (Bytes{0xFF, 0xFF, 0xB, 0xA, 0xD, 0xC, 0xB, 0xA}));
 }
 
 TEST_F(CStreamTest, OverwriteCloseCommitsOnEveryCallEvenAfterAFailedOpen) {

@@ -16,10 +16,7 @@ TEST(DefaultDisplayTextTest, KnownCodesHaveTheirWordsOthersShowAsNumbers) {
   EXPECT_EQ(texts.RefereeRatingText(3), "3");
   EXPECT_EQ(texts.SpecialtyText(-32768), "-32768");
   EXPECT_EQ(texts.EraText(6), "6");
-}
-
-TEST(DefaultDisplayTextTest, IsTheThreadsDefaultObject) {
-  SetDisplayText(nullptr);
+  SetDisplayText(nullptr);  // the thread's default object
   EXPECT_EQ(DisplayText().EraText(2), "Golden age");
 }
 

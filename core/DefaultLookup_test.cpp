@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace ringbook {
 namespace {
 
@@ -37,21 +35,7 @@ TEST(DefaultLookupTest, TextsByCategoryAndCode) {
   EXPECT_EQ(lookup.Text(ILookup::kFightingStyle, 5), "5");
   EXPECT_EQ(lookup.Text(ILookup::kActiveRetired, -1), "-1");
   EXPECT_EQ(lookup.Text(2, 0), "0");
-}
-
-class HalfBand : public ILookup {
- public:
-  ProficiencyBounds Proficiency(int16_t) override { return {10, 20}; }
-  std::string Text(int32_t, int32_t) override { return "x"; }
-};
-
-TEST(DefaultLookupTest, ThreadSlotKeepsAReplacementUntilReset) {
-  EXPECT_NE(dynamic_cast<DefaultLookup*>(&Lookup()), nullptr);
-  auto replacement = std::make_shared<HalfBand>();
-  SetLookup(replacement);
-  EXPECT_EQ(&Lookup(), replacement.get());
-  EXPECT_EQ(Lookup().Proficiency(0).Low, 10);
-  SetLookup(nullptr);
+  SetLookup(nullptr);  // the thread's default object
   EXPECT_NE(dynamic_cast<DefaultLookup*>(&Lookup()), nullptr);
 }
 

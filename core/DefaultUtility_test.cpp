@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/Error.h"
+#include "support/Raised.h"
 #include "support/TempDir.h"
 
 namespace ringbook {
@@ -46,14 +47,10 @@ TEST(DefaultUtilityTest, ReplaceFileWithoutATemporaryFailsAndKeepsTheTarget) {
   const std::string target = dir.File("card.crd");
   SetContents(target, "old");
   DefaultUtility utility;
-  try {
-    utility.ReplaceFile(target, target + ".tmp");
-    ADD_FAILURE() << "no error";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), static_cast<int32_t>(0x80040204u));
-    EXPECT_EQ(e.Source(), "Utility:ReplaceFile");
-    EXPECT_EQ(e.Description().rfind("Write Error: ", 0), 0u);
-  }
+  const Error e = test::Raised([&] { utility.ReplaceFile(target, target + ".tmp"); });
+  EXPECT_EQ(e.Number(), static_cast<int32_t>(0x80040204u));
+  EXPECT_EQ(e.Source(), "Utility:ReplaceFile");
+  EXPECT_EQ(e.Description().rfind("Write Error: ", 0), 0u);
   EXPECT_EQ(Contents(target), "old");
 }
 

@@ -23,24 +23,16 @@ class RecordingSink : public IMessageSink {
   std::vector<std::string> shown;
 };
 
-TEST(HostServicesTest, ReplacedObjectIsUsedUntilNullptrRestoresADefault) {
+// A replacement is used by its own thread only, until nullptr restores a
+// default.
+TEST(HostServicesTest, EachThreadKeepsItsReplacementUntilReset) {
   IDice& original = Dice();
   EXPECT_NE(dynamic_cast<SeededDice*>(&original), nullptr);
   EXPECT_EQ(&Dice(), &original);  // kept for the thread
 
   auto fixed = std::make_shared<FixedDice>();
   SetDice(fixed);
-  EXPECT_EQ(&Dice(), fixed.get());
   EXPECT_EQ(Dice().Roll(6, 1), 1);
-
-  SetDice(nullptr);
-  EXPECT_NE(&Dice(), fixed.get());
-  EXPECT_NE(dynamic_cast<SeededDice*>(&Dice()), nullptr);
-}
-
-TEST(HostServicesTest, EachThreadHasItsOwnObjects) {
-  auto fixed = std::make_shared<FixedDice>();
-  SetDice(fixed);
   auto sink = std::make_shared<RecordingSink>();
   SetMessageSink(sink);
 
@@ -58,6 +50,8 @@ TEST(HostServicesTest, EachThreadHasItsOwnObjects) {
   EXPECT_EQ(sink->shown, std::vector<std::string>{"Stop in NJudges.UpdateRecord"});
   SetDice(nullptr);
   SetMessageSink(nullptr);
+  EXPECT_NE(&Dice(), fixed.get());
+  EXPECT_NE(dynamic_cast<SeededDice*>(&Dice()), nullptr);
 }
 
 }  // namespace

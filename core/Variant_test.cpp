@@ -133,9 +133,7 @@ TEST(VariantTest, KindsAndEquality) {
   EXPECT_FALSE(Variant(int16_t{1}) == Variant(int32_t{1}));
   EXPECT_FALSE(Variant::FromDate(1) == Variant(1.0));
   EXPECT_TRUE(Variant("a") == Variant(std::string("a")));
-}
-
-TEST(VariantTest, DatesPrintAsDateAndTime) {
+  // Dates print as date and time.
   EXPECT_EQ(Variant::FromDate(36526).ToString(), "2000-01-01");
   EXPECT_EQ(Variant::FromDate(36526.5).ToString(), "2000-01-01 12:00:00");
 }
