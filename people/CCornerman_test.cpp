@@ -5,6 +5,16 @@
 namespace ringbook {
 namespace {
 
+using C = CCornerman;
+constexpr int16_t (C::*kRatings[])() const = {
+    &C::CloseCuts,       &C::Discipline,     &C::Era,      &C::Motivate,
+    &C::ReduceSwelling,  &C::Specialty,      &C::Strategy, &C::TrainingOffense,
+    &C::TrainingDefense, &C::TrainingAverage};
+constexpr void (C::*kSetRatings[])(int16_t) = {
+    &C::SetCloseCuts,       &C::SetDiscipline,     &C::SetEra,      &C::SetMotivate,
+    &C::SetReduceSwelling,  &C::SetSpecialty,      &C::SetStrategy, &C::SetTrainingOffense,
+    &C::SetTrainingDefense, &C::SetTrainingAverage};
+
 TEST(CCornermanTest, NameHasNoStrayBlank) {
   CCornerman man;
   EXPECT_EQ(man.Name(), "");
@@ -14,10 +24,8 @@ TEST(CCornermanTest, NameHasNoStrayBlank) {
   EXPECT_EQ(man.Name(), "Pat Duffy");
   man.SetLastName("");
   EXPECT_EQ(man.Name(), "Pat");
+  man.SetNickName("Doc");  // never part of the name
   man.SetFirstName("   ");
-  EXPECT_EQ(man.Name(), "");
-  // The nickname never shows in the name.
-  man.SetNickName("Doc");
   EXPECT_EQ(man.Name(), "");
 }
 
@@ -27,16 +35,8 @@ TEST(CCornermanTest, CloneCopiesEveryField) {
   source.SetFirstName("Pat");
   source.SetLastName("Duffy");
   source.SetNickName("Doc");
-  source.SetCloseCuts(1);
-  source.SetDiscipline(2);
-  source.SetEra(3);
-  source.SetMotivate(4);
-  source.SetReduceSwelling(5);
-  source.SetSpecialty(6);
-  source.SetStrategy(7);
-  source.SetTrainingOffense(8);
-  source.SetTrainingDefense(9);
-  source.SetTrainingAverage(-10);
+  for (int i = 0; i < 10; ++i)
+    (source.*kSetRatings[i])(static_cast<int16_t>(i % 2 ? i + 1 : -i - 1));
 
   CCornerman target;
   target.SetFirstName("Old");
@@ -44,16 +44,7 @@ TEST(CCornermanTest, CloneCopiesEveryField) {
   EXPECT_EQ(target.ID(), 40);
   EXPECT_EQ(target.Name(), "Pat Duffy");
   EXPECT_EQ(target.NickName(), "Doc");
-  EXPECT_EQ(target.CloseCuts(), 1);
-  EXPECT_EQ(target.Discipline(), 2);
-  EXPECT_EQ(target.Era(), 3);
-  EXPECT_EQ(target.Motivate(), 4);
-  EXPECT_EQ(target.ReduceSwelling(), 5);
-  EXPECT_EQ(target.Specialty(), 6);
-  EXPECT_EQ(target.Strategy(), 7);
-  EXPECT_EQ(target.TrainingOffense(), 8);
-  EXPECT_EQ(target.TrainingDefense(), 9);
-  EXPECT_EQ(target.TrainingAverage(), -10);
+  for (int i = 0; i < 10; ++i) EXPECT_EQ((target.*kRatings[i])(), i % 2 ? i + 1 : -i - 1) << i;
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "store/GameDatabase.h"
@@ -21,60 +21,47 @@ namespace {
 
 using test::ExecSql;
 using test::QuerySql;
-
-// Runs `f` and returns the Error it raises; fails the test when it raises none.
 using test::Raised;
+using Keys = std::vector<int64_t>;
+using Texts = std::vector<std::string>;
 
 bool Mentions(const Error& e, const std::string& what) {
   return e.Description().find(what) != std::string::npos;
 }
 
-std::vector<int64_t> WalkKeys(Recordset& rs) {
-  std::vector<int64_t> keys;
-  if (rs.RecordCount() <= 0) return keys;
-  rs.MoveFirst();
-  while (!rs.Eof()) {
-    keys.push_back(rs.Bookmark());
-    rs.MoveNext();
+// The bookmark of every row, or the text of `field` when one is named.
+template <class T = int64_t>
+std::vector<T> Walk(Recordset& rs, const std::string& field = "") {
+  std::vector<T> out;
+  if (rs.RecordCount() <= 0) return out;
+  for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext()) {
+    if constexpr (std::is_same_v<T, int64_t>) {
+      out.push_back(rs.Bookmark());
+    } else {
+      out.push_back(rs.Field(field).ToText());
+    }
   }
-  return keys;
-}
-
-std::vector<std::string> WalkText(Recordset& rs, const std::string& field) {
-  std::vector<std::string> texts;
-  if (rs.RecordCount() <= 0) return texts;
-  rs.MoveFirst();
-  while (!rs.Eof()) {
-    texts.push_back(rs.Field(field).ToText());
-    rs.MoveNext();
-  }
-  return texts;
+  return out;
 }
 
 class DatabaseTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    path_ = dir_.File("world.db");
-    CreateGameDatabase(path_);
+  void SetUp() override { CreateGameDatabase(path_); }
+
+  int64_t AddJudge(const std::string& first, const std::string& last, int era = 0) {
+    ExecSql(path_, "INSERT INTO Judges (FirstName, LastName, Era) VALUES ('" + first + "', '" +
+                       last + "', " + std::to_string(era) + ")");
+    return std::stoll(QuerySql(path_, "SELECT max(JudgeID) FROM Judges"));
   }
 
-  // Adds a judge through a fresh connection and returns its key.
-  int64_t AddJudge(const std::string& first, const std::string& last, int era = 0) {
-    auto db = Database::Open(path_);
-    auto rs = db->OpenRecordset("qryJudges");
-    rs->AddNew();
-    rs->SetField("FirstName", first);
-    rs->SetField("LastName", last);
-    rs->SetField("Era", int32_t{era});
-    rs->Update();
-    return rs->LastModified();
+  // A recordset on a connection of its own; the recordset keeps it open.
+  std::shared_ptr<Recordset> Judges() const {
+    return Database::Open(path_)->OpenRecordset("qryJudges");
   }
 
   test::TempDir dir_;
-  std::string path_;
+  std::string path_ = dir_.File("world.db");
 };
-
-// ---- opening -------------------------------------------------------------
 
 TEST_F(DatabaseTest, OpenFailuresNameThePathAndCreateNothing) {
   const std::string missing = dir_.File("nowhere.db");
@@ -155,8 +142,7 @@ TEST_F(DatabaseTest, NewDatabaseCarriesItsQueriesAndVersion) {
   EXPECT_TRUE(db->QueryDefs("qryTitles")->OpenRecordset()->Eof());
   // Names of queries, tables and fields are matched without regard to case.
   auto rs = db->OpenRecordset("QRYJUDGES");
-  EXPECT_EQ(rs->FieldNames(),
-            (std::vector<std::string>{"JudgeID", "FirstName", "LastName", "Era", "Bias", "Name"}));
+  EXPECT_EQ(rs->FieldNames(), (Texts{"JudgeID", "FirstName", "LastName", "Era", "Bias", "Name"}));
   EXPECT_NO_THROW(db->OpenRecordset("fighthistories"));
 }
 
@@ -172,8 +158,6 @@ TEST_F(DatabaseTest, MissingQueriesAndTablesAreNamed) {
   EXPECT_TRUE(Mentions(e, "Nothing"));
 }
 
-// ---- parameters ----------------------------------------------------------
-
 TEST_F(DatabaseTest, ParametersAreMatchedWithoutCaseAndBoundNotSpliced) {
   ExecSql(path_,
           "INSERT INTO StoredQueries (Name, SQL, Parameters, BaseTable, KeyColumn) VALUES "
@@ -186,7 +170,7 @@ TEST_F(DatabaseTest, ParametersAreMatchedWithoutCaseAndBoundNotSpliced) {
 
   auto db = Database::Open(path_);
   auto q = db->QueryDefs("qryjudgesofera");
-  EXPECT_EQ(q->ParameterNames(), (std::vector<std::string>{"Enter Era", "Enter Skipped Name"}));
+  EXPECT_EQ(q->ParameterNames(), (Texts{"Enter Era", "Enter Skipped Name"}));
 
   Error e = Raised([&] { q->OpenRecordset(); });
   EXPECT_EQ(e.Number(), dberr::kTooFewParameters);
@@ -194,7 +178,7 @@ TEST_F(DatabaseTest, ParametersAreMatchedWithoutCaseAndBoundNotSpliced) {
   q->SetParameter("ENTER ERA", int16_t{1});
   q->SetParameter("enter skipped name", "Cole");
   EXPECT_EQ(q->Parameter("Enter Era"), Variant(int16_t{1}));
-  EXPECT_EQ(WalkText(*q->OpenRecordset(), "LastName"), (std::vector<std::string>{"Able"}));
+  EXPECT_EQ(Walk<std::string>(*q->OpenRecordset(), "LastName"), (Texts{"Able"}));
 
   // A text that would change the query if spliced into it is only a value.
   q->SetParameter("Enter Era", "1 OR 1 = 1");
@@ -203,8 +187,6 @@ TEST_F(DatabaseTest, ParametersAreMatchedWithoutCaseAndBoundNotSpliced) {
   e = Raised([&] { q->SetParameter("Enter Nothing", 1); });
   EXPECT_EQ(e.Number(), dberr::kItemNotFound);
 }
-
-// ---- reading ---------------------------------------------------------------
 
 TEST_F(DatabaseTest, FieldsReadAsTheirTypes) {
   ExecSql(path_,
@@ -232,8 +214,7 @@ TEST_F(DatabaseTest, FieldsReadAsTheirTypes) {
 TEST_F(DatabaseTest, FindFirstUnderstandsOnlyTheKeyCriterion) {
   const int64_t ann = AddJudge("Ann", "Able");
   const int64_t bob = AddJudge("Bob", "Baker");
-  auto db = Database::Open(path_);
-  auto rs = db->OpenRecordset("qryJudges");
+  auto rs = Judges();
 
   rs->FindFirst("judgeid = " + std::to_string(bob));
   EXPECT_FALSE(rs->NoMatch());
@@ -254,11 +235,8 @@ TEST_F(DatabaseTest, FindFirstUnderstandsOnlyTheKeyCriterion) {
   EXPECT_EQ(rs->Bookmark(), ann);
 }
 
-// ---- writing ---------------------------------------------------------------
-
 TEST_F(DatabaseTest, AddEditAndDeleteThroughARecordset) {
-  auto db = Database::Open(path_);
-  auto rs = db->OpenRecordset("qryJudges");
+  auto rs = Judges();
   rs->AddNew();
   rs->SetField("firstname", "Ann");
   rs->SetField("LastName", "Able");
@@ -312,14 +290,11 @@ TEST_F(DatabaseTest, FailedUpdateLeavesTheTableAsItWas) {
   EXPECT_EQ(QuerySql(path_, "SELECT LastName FROM Judges"), "Able");
 }
 
-// ---- the keyset ------------------------------------------------------------
-
 TEST_F(DatabaseTest, KeysetKeepsItsOrderUntilRequery) {
   const int64_t b = AddJudge("B", "Baker");
   const int64_t d = AddJudge("D", "Dunn");
-  auto db = Database::Open(path_);
-  auto rs = db->OpenRecordset("qryJudges");
-  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{b, d}));
+  auto rs = Judges();
+  EXPECT_EQ(Walk(*rs), (Keys{b, d}));
 
   // Added through the recordset: at the end until the next requery.
   rs->AddNew();
@@ -331,10 +306,10 @@ TEST_F(DatabaseTest, KeysetKeepsItsOrderUntilRequery) {
   rs->Edit();
   rs->SetField("LastName", "Aaron");
   rs->Update();
-  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{b, d, a}));
+  EXPECT_EQ(Walk(*rs), (Keys{b, d, a}));
 
   rs->Requery();
-  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{d, a, b}));
+  EXPECT_EQ(Walk(*rs), (Keys{d, a, b}));
 
   // Delete leaves the position on the deleted row; the next move goes on.
   rs->MoveFirst();
@@ -343,20 +318,18 @@ TEST_F(DatabaseTest, KeysetKeepsItsOrderUntilRequery) {
   EXPECT_EQ(Raised([&] { rs->Bookmark(); }).Number(), dberr::kRecordDeleted);
   rs->MoveNext();
   EXPECT_EQ(rs->Bookmark(), b);
-  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{d, b}));
+  EXPECT_EQ(Walk(*rs), (Keys{d, b}));
 }
 
 TEST_F(DatabaseTest, LateKeysetIsTheOneOfTheRequery) {
   const int64_t b = AddJudge("B", "Baker");
   const int64_t d = AddJudge("D", "Dunn");
-  auto db = Database::Open(path_);
-  auto rs = db->OpenRecordset("qryJudges");
+  auto rs = Judges();
   rs->Requery();  // the keyset is now due, not built
 
   // Meanwhile, through other connections and recordsets: a row is added,
   // one changes its sort position and, through this recordset, one is added.
-  auto other_db = Database::Open(path_);
-  auto other = other_db->OpenRecordset("qryJudges");
+  auto other = Judges();
   other->AddNew();
   other->SetField("LastName", "Aardvark");
   other->Update();
@@ -377,27 +350,25 @@ TEST_F(DatabaseTest, LateKeysetIsTheOneOfTheRequery) {
   rs->FindFirst("JudgeID = " + std::to_string(own));
   EXPECT_FALSE(rs->NoMatch());
   // ...and so does the walk, while values are the current ones.
-  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{b, d, own}));
-  EXPECT_EQ(WalkText(*rs, "LastName"), (std::vector<std::string>{"Baker", "Abbot", "Cole"}));
+  EXPECT_EQ(Walk(*rs), (Keys{b, d, own}));
+  EXPECT_EQ(Walk<std::string>(*rs, "LastName"), (Texts{"Baker", "Abbot", "Cole"}));
   // The database itself was not changed by building the keyset.
   EXPECT_EQ(QuerySql(path_, "SELECT count(*) FROM Judges"), "4");
 
   rs->Requery();
-  EXPECT_EQ(WalkKeys(*rs), (std::vector<int64_t>{foreign, d, b, own}));
+  EXPECT_EQ(Walk(*rs), (Keys{foreign, d, b, own}));
 }
 
 TEST_F(DatabaseTest, AWalkReadsCurrentValuesOfRowsChangedMeanwhile) {
   std::vector<int64_t> keys;
   for (const char* name : {"A", "B", "C", "D"}) keys.push_back(AddJudge(name, name));
-  auto db = Database::Open(path_);
-  auto rs = db->OpenRecordset("qryJudges");
+  auto rs = Judges();
   rs->MoveFirst();
   EXPECT_EQ(rs->Field("LastName"), Variant("A"));
 
   // Through another connection, while the walk has read ahead: B changes
   // and C goes.
-  auto other_db = Database::Open(path_);
-  auto other = other_db->OpenRecordset("qryJudges");
+  auto other = Judges();
   other->FindFirst("JudgeID = " + std::to_string(keys[1]));
   other->Edit();
   other->SetField("FirstName", "Changed");
@@ -423,7 +394,7 @@ TEST_F(DatabaseTest, SnapshotHoldsTheRowsOfItsOpening) {
   EXPECT_EQ(snap->RecordCount(), 1);
   EXPECT_EQ(Raised([&] { snap->Edit(); }).Number(), dberr::kReadOnly);
   snap->Requery();
-  EXPECT_EQ(WalkText(*snap, "LastName"), (std::vector<std::string>{"Y", "Zed"}));
+  EXPECT_EQ(Walk<std::string>(*snap, "LastName"), (Texts{"Y", "Zed"}));
 }
 
 }  // namespace

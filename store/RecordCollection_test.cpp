@@ -1,19 +1,22 @@
-// The protocol every collection shares, exercised through NLocations (the
-// collection whose list shows one era) over real database files.
+// The protocol every collection shares: once per collection for what its
+// description sets apart, and through NLocations (whose list shows one era)
+// for the list-following rules.
 
 #include "store/RecordCollection.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "core/DefaultSettings.h"
-#include "people/CJudge.h"
-#include "people/CLocation.h"
+#include "store/NAnnouncers.h"
+#include "store/NCornermen.h"
+#include "store/NGroups.h"
+#include "store/NJudges.h"
 #include "store/NLocations.h"
+#include "store/NReferees.h"
 #include "store/NTitles.h"
 #include "support/GameDatabaseFixture.h"
 #include "support/ListBoxDouble.h"
@@ -23,32 +26,255 @@ namespace ringbook {
 namespace {
 
 using test::ListBoxDouble;
+using test::Raised;
 using Texts = std::vector<std::string>;
 using Indexes = std::vector<int32_t>;
 
-using test::Raised;
+template <class... A>
+Texts Vals(const A&... values) {
+  return {::testing::PrintToString(values)...};
+}
+
+// What differs between the collections: rows in SQL with the Get…List text
+// and the list (filter `Era`) they give, the missing-row message, and a
+// record with every field set apart from its default.
+template <class C>
+struct Kind;
+
+template <>
+struct Kind<NAnnouncers> {
+  static constexpr const char* kRows =
+      "INSERT INTO Announcers (FirstName, LastName, Era) VALUES (NULL, NULL, 2), ('Ann', ' Able', "
+      "1)";
+  static constexpr const char* kListText =
+      " \tera:2\r\nAnn Able\tera:1\r\n";  // one blank if no names
+  static constexpr int16_t kEra = 1;
+  static Texts Listed() { return {"Ann Able"}; }
+  static constexpr const char* kMissing = "Stop in Announcer.UpdateRecord";
+  static std::string ListText(NAnnouncers& c) { return c.GetAnnouncersList(); }
+  static std::shared_ptr<CAnnouncer> Full() {
+    auto r = std::make_shared<CAnnouncer>();
+    r->SetFirstName(" Joe ");
+    r->SetLastName("Bell");
+    r->SetEra(4);
+    return r;
+  }
+  static Texts Of(const CAnnouncer& r) {
+    return Vals(r.ID(), r.FirstName(), r.LastName(), r.Era());
+  }
+};
+
+template <>
+struct Kind<NCornermen> {
+  static constexpr const char* kRows =
+      "INSERT INTO Cornermen (FirstName, LastName, Era, Specialty, Discipline, Motivate, Strategy,"
+      " CloseCuts, ReduceSwelling, TrainingOffense, TrainingDefense, TrainingAverage)"
+      " VALUES ('', 'Smith', 1, 2, 1, 2, 3, 4, 5, 6, 7, 8)";
+  static constexpr const char* kListText = "Smith\tspecialty:2\t1\t2\t3\t4\t5\t6\t7\t8\tera:1\r\n";
+  static constexpr int16_t kEra = 1;
+  static Texts Listed() { return {"Smith"}; }
+  static constexpr const char* kMissing = "Stop in NCornermen.UpdateRecord";
+  static std::string ListText(NCornermen& c) { return c.GetCornermenList(); }
+  static std::shared_ptr<CCornerman> Full() {
+    auto c = std::make_shared<CCornerman>();
+    c->SetFirstName("Pat");
+    c->SetLastName("Duffy");
+    c->SetNickName("Doc");
+    c->SetDiscipline(1);
+    c->SetEra(2);
+    c->SetMotivate(3);
+    c->SetCloseCuts(4);
+    c->SetReduceSwelling(5);
+    c->SetSpecialty(6);
+    c->SetStrategy(7);
+    c->SetTrainingOffense(8);
+    c->SetTrainingDefense(9);
+    c->SetTrainingAverage(10);
+    return c;
+  }
+  static Texts Of(const CCornerman& r) {
+    return Vals(r.ID(), r.Name(), r.NickName(), r.Discipline(), r.Era(), r.Motivate(),
+                r.CloseCuts(), r.ReduceSwelling(), r.Specialty(), r.Strategy(), r.TrainingOffense(),
+                r.TrainingDefense(), r.TrainingAverage());
+  }
+};
+
+template <>
+struct Kind<NGroups> {
+  static constexpr const char* kRows = "INSERT INTO \"Groups\" (Name) VALUES ('b'), ('A')";
+  static constexpr const char* kListText = "A\r\nb\r\n";  // sorted without regard to case
+  static constexpr int16_t kEra = 7;                      // no filter to pass on
+  static Texts Listed() { return {"A", "b"}; }
+  static constexpr const char* kMissing = "Stop in NGroups.UpdateRecord";
+  static std::string ListText(NGroups& c) { return c.GetGroupList(); }
+  static std::shared_ptr<CGroup> Full() {
+    auto r = std::make_shared<CGroup>();
+    r->SetName("Juniors");
+    return r;
+  }
+  static Texts Of(const CGroup& r) { return Vals(r.ID(), r.Name()); }
+};
+
+template <>
+struct Kind<NJudges> {
+  static constexpr const char* kRows =
+      "INSERT INTO Judges (FirstName, LastName, Era, Bias) VALUES"
+      " (' Ann ', ' Able ', 1, 3), ('Bob', 'Baker', 0, -1), ('Cy', 'Cole', 1, 0)";
+  static constexpr const char* kListText =
+      "Ann Able\tbias:3\tera:1\r\nBob Baker\tbias:-1\tera:0\r\nCy Cole\tbias:0\tera:1\r\n";
+  static constexpr int16_t kEra = 1;
+  static Texts Listed() { return {"Ann Able", "Cy Cole"}; }
+  static constexpr const char* kMissing = "Stop in Judge.UpdateRecord";
+  static std::string ListText(NJudges& c) { return c.GetJudgesList(); }
+  static std::shared_ptr<CJudge> Full() {
+    auto r = std::make_shared<CJudge>();
+    r->SetFirstName(" Ann ");
+    r->SetLastName("Zed");
+    r->SetEra(3);
+    r->SetBias(-100000);  // beyond 16 bits
+    return r;
+  }
+  static Texts Of(const CJudge& r) {
+    return Vals(r.ID(), r.FirstName(), r.LastName(), r.Era(), r.Bias());
+  }
+};
+
+template <>
+struct Kind<NLocations> {
+  static constexpr const char* kRows =
+      "INSERT INTO Locations (Arena, City, Country, Era, PriceIndex, SiteRating) VALUES"
+      " ('Garden', NULL, 'USA', 3, 12, 40), ('Arena', 'Oslo', 'Norway', 1, 5, 30)";
+  static constexpr const char* kListText =
+      "Arena\tOslo\tNorway\t5\t30\r\nGarden\t\tUSA\t12\t40\r\n";
+  static constexpr int16_t kEra = 3;
+  static Texts Listed() { return {"Garden"}; }
+  static constexpr const char* kMissing = "Stop in NLocations.UpdateRecord";
+  static std::string ListText(NLocations& c) { return c.GetLocationList(); }
+  static std::shared_ptr<CLocation> Full() {
+    auto r = std::make_shared<CLocation>();
+    r->SetArena(" Hall ");
+    r->SetCity("Rome");
+    r->SetCountry("Italy");
+    r->SetEra(-2);
+    r->SetPriceIndex(70000);
+    r->SetSiteRating(-5);
+    return r;
+  }
+  static Texts Of(const CLocation& r) {
+    return Vals(r.ID(), r.Arena(), r.City(), r.Country(), r.Era(), r.PriceIndex(), r.SiteRating(),
+                r.Name());
+  }
+};
+
+template <>
+struct Kind<NReferees> {
+  static constexpr const char* kRows =
+      "INSERT INTO Referees (FirstName, LastName, Era, Fouls, Stoppage, Judgement) VALUES"
+      " ('Ann', 'Able', 1, 1, 2, 0), ('Bob', 'Baker', 0, 0, 0, 0)";
+  static constexpr const char* kListText =
+      "Ann Able\trating:1\trating:2\trating:0\tera:1\r\n"
+      "Bob Baker\trating:0\trating:0\trating:0\tera:0\r\n";
+  static constexpr int16_t kEra = 1;
+  static Texts Listed() { return {"Ann Able"}; }
+  static constexpr const char* kMissing = "Stop in Referee.UpdateRecord";
+  static std::string ListText(NReferees& c) { return c.GetRefereeList(); }
+  static std::shared_ptr<CReferee> Full() {
+    auto r = std::make_shared<CReferee>();
+    r->SetFirstName("Max");
+    r->SetLastName("Lane");
+    r->SetActiveRetired(1);
+    r->SetEra(2);
+    r->SetFouls(3);
+    r->SetJudgement(4);
+    r->SetRating(5);
+    r->SetStoppage(6);
+    return r;
+  }
+  static Texts Of(const CReferee& r) {
+    return Vals(r.ID(), r.Name(), r.ActiveRetired(), r.Era(), r.Fouls(), r.Judgement(), r.Rating(),
+                r.Stoppage());
+  }
+};
+
+template <>
+struct Kind<NTitles> {
+  static constexpr const char* kRows =
+      "INSERT INTO Titles (TitleId, Name) VALUES (1, 'WBC'), (2, 'IBF'), (3, 'WBA')";
+  static constexpr const char* kListText = "IBF\r\nWBA\r\nWBC\r\n";
+  static constexpr int16_t kEra = 9;  // no filter: every title
+  static Texts Listed() { return {"IBF", "WBA", "WBC"}; }
+  static constexpr const char* kMissing = "Stop in NTitles.UpdateRecord";
+  static std::string ListText(NTitles& c) { return c.GetTitleList(); }
+  static std::shared_ptr<CTitle> Full() {
+    auto r = std::make_shared<CTitle>();
+    r->SetName("AAA");
+    return r;
+  }
+  static Texts Of(const CTitle& r) { return Vals(r.ID(), r.Name()); }
+};
+
+template <class C>
+class CollectionTest : public test::GameDatabaseFixture {};
+using Collections =
+    ::testing::Types<NAnnouncers, NCornermen, NGroups, NJudges, NLocations, NReferees, NTitles>;
+TYPED_TEST_SUITE(CollectionTest, Collections);
+
+TYPED_TEST(CollectionTest, ListsRoundTripAndMissingRow) {
+  using K = Kind<TypeParam>;
+  {
+    TypeParam empty;
+    EXPECT_EQ(K::ListText(empty), "");
+  }
+  this->Sql(K::kRows);
+  TypeParam collection;
+  EXPECT_EQ(K::ListText(collection), K::kListText);
+  auto list = std::make_shared<ListBoxDouble>();
+  collection.Records().FillList(Variant(list), K::kEra);
+  EXPECT_EQ(list->Texts(), K::Listed());
+
+  auto ghost = K::Full();
+  ghost->SetID(99);
+  EXPECT_EQ(collection.UpdateRecord(ghost), nullptr);
+  EXPECT_EQ(this->Sink().Messages(), Texts{K::kMissing});
+
+  // Every field through a new connection, found among other rows.
+  auto record = K::Full();
+  collection.AddRecord(record, false);
+  TypeParam again;
+  again.Item(1);
+  EXPECT_EQ(K::Of(*again.Item(record->ID())), K::Of(*record));
+}
 
 class RecordCollectionTest : public test::GameDatabaseFixture {
  protected:
-  // Locations B, D, F of era 1 (keys 1 to 3) and C of era 2 (key 4).
-  void SeedLocations() {
+  // Locations B, D, F of era 1 (keys 1 to 3) and C of era 2 (key 4), with
+  // a list of era 1.
+  void SetUp() override {
+    GameDatabaseFixture::SetUp();
     Sql("INSERT INTO Locations (LocationID, Arena, Era, SiteRating) VALUES"
         " (1, 'B', 1, 10), (2, 'D', 1, 10), (3, 'F', 1, 10), (4, 'C', 2, 10)");
+    locations_ = std::make_unique<NLocations>();
+    list_ = Fill();
   }
 
-  static std::shared_ptr<CLocation> NewLocation(const std::string& arena, int16_t era) {
+  std::shared_ptr<ListBoxDouble> Fill() {
+    auto list = std::make_shared<ListBoxDouble>();
+    locations_->FillList(list, 1);
+    return list;
+  }
+
+  static std::shared_ptr<CLocation> NewLocation(const std::string& arena, int16_t era,
+                                                int32_t id = 0) {
     auto location = std::make_shared<CLocation>();
     location->SetArena(arena);
     location->SetCity("Town");
     location->SetEra(era);
+    location->SetID(id);
     return location;
   }
 
-  std::shared_ptr<ListBoxDouble> FilledList(NLocations& locations, int16_t era) {
-    auto list = std::make_shared<ListBoxDouble>();
-    locations.FillList(list, era);
-    return list;
-  }
+  std::unique_ptr<NLocations> locations_;
+  std::shared_ptr<ListBoxDouble> list_;
 };
 
 TEST_F(RecordCollectionTest, CreationFailsWithTheDatabaseErrorNamingWhatIsMissing) {
@@ -65,134 +291,101 @@ TEST_F(RecordCollectionTest, CreationFailsWithTheDatabaseErrorNamingWhatIsMissin
   EXPECT_NE(e.Description().find("qryLocations"), std::string::npos);
 }
 
-TEST_F(RecordCollectionTest, AddRecordInsertsAtItsPlaceAmongTheRowsOfItsEra) {
-  SeedLocations();
-  NLocations locations;
-  auto list = FilledList(locations, 1);
-  ASSERT_EQ(list->Texts(), (Texts{"B", "D", "F"}));
-  list->SetSelected(2, true);
-
+TEST_F(RecordCollectionTest, AddAndUpdatePutTheItemAtItsPlaceAmongTheRowsOfItsEra) {
+  list_->SetSelected(2, true);
   auto added = NewLocation("Ca", 1);  // between B and D; C of era 2 is not counted
-  EXPECT_EQ(locations.AddRecord(added), added);
+  EXPECT_EQ(locations_->AddRecord(added), added);
   EXPECT_EQ(added->ID(), 5);
   EXPECT_EQ(
       SqlText("SELECT Arena || '/' || City || '/' || Era FROM Locations WHERE LocationID = 5"),
       "Ca/Town/1");
   // The item shows the composed name, not the arena alone.
-  EXPECT_EQ(list->Texts(), (Texts{"B", "Ca, Town", "D", "F"}));
-  EXPECT_EQ(list->Data(), (Indexes{1, 5, 2, 3}));
-  EXPECT_EQ(list->ListIndex(), 1);
-  EXPECT_EQ(list->SelectedIndexes(), (Indexes{1}));
+  EXPECT_EQ(list_->Texts(), (Texts{"B", "Ca, Town", "D", "F"}));
+  EXPECT_EQ(list_->Data(), (Indexes{1, 5, 2, 3}));
+  EXPECT_EQ(list_->ListIndex(), 1);
+  EXPECT_EQ(list_->SelectedIndexes(), (Indexes{1}));
 
   // Unselected: the new item is current and nothing stays selected.
-  locations.AddRecord(NewLocation("G", 1), false);
-  EXPECT_EQ(list->Texts().back(), "G, Town");
-  EXPECT_EQ(list->ListIndex(), 4);
-  EXPECT_EQ(list->SelectedIndexes(), Indexes{});
-}
+  locations_->AddRecord(NewLocation("G", 1), false);
+  EXPECT_EQ(list_->Texts().back(), "G, Town");
+  EXPECT_EQ(list_->ListIndex(), 4);
+  EXPECT_EQ(list_->SelectedIndexes(), Indexes{});
 
-TEST_F(RecordCollectionTest, UpdateRecordMovesTheItemToItsNewPlace) {
-  SeedLocations();
-  NLocations locations;
-  auto list = FilledList(locations, 1);
-
-  auto b = locations.Item(1);
-  ASSERT_EQ(b->Arena(), "B");
+  auto b = locations_->Item(1);
   b->SetArena("E");
-  EXPECT_EQ(locations.UpdateRecord(b), b);
+  EXPECT_EQ(locations_->UpdateRecord(b), b);
   EXPECT_EQ(SqlText("SELECT Arena FROM Locations WHERE LocationID = 1"), "E");
-  EXPECT_EQ(list->Texts(), (Texts{"D", "E", "F"}));
-  EXPECT_EQ(list->ListIndex(), 1);
-  EXPECT_EQ(list->SelectedIndexes(), (Indexes{1}));
+  EXPECT_EQ(list_->Texts(), (Texts{"Ca, Town", "D", "E", "F", "G, Town"}));
+  EXPECT_EQ(list_->ListIndex(), 2);
+  EXPECT_EQ(list_->SelectedIndexes(), (Indexes{2}));
 
-  // A missing row: the message, and nothing written or listed.
-  const int refreshes = list->RefreshCount();
-  auto ghost = NewLocation("Ghost", 1);
-  ghost->SetID(99);
-  EXPECT_EQ(locations.UpdateRecord(ghost), nullptr);
-  EXPECT_EQ(Sink().Messages(), (Texts{"Stop in NLocations.UpdateRecord"}));
+  // A missing row: nothing written or listed.
+  const int refreshes = list_->RefreshCount();
+  EXPECT_EQ(locations_->UpdateRecord(NewLocation("Ghost", 1, 99)), nullptr);
   EXPECT_EQ(SqlText("SELECT count(*) FROM Locations WHERE Arena = 'Ghost' OR LocationID = 99"),
             "0");
-  EXPECT_EQ(list->Texts(), (Texts{"D", "E", "F"}));
-  EXPECT_EQ(list->RefreshCount(), refreshes);
+  EXPECT_EQ(list_->ListCount(), 5);
+  EXPECT_EQ(list_->RefreshCount(), refreshes);
 }
 
 TEST_F(RecordCollectionTest, RemoveRecordSelectsTheItemThatTakesItsPlace) {
-  SeedLocations();
-  NLocations locations;
-
-  auto list = FilledList(locations, 1);
-  EXPECT_FALSE(locations.RemoveRecord(2));  // the middle item
-  EXPECT_EQ(list->Texts(), (Texts{"B", "F"}));
-  EXPECT_EQ(list->SelectedIndexes(), (Indexes{1}));
+  EXPECT_FALSE(locations_->RemoveRecord(2));  // the middle item
+  EXPECT_EQ(list_->Texts(), (Texts{"B", "F"}));
+  EXPECT_EQ(list_->SelectedIndexes(), (Indexes{1}));
   EXPECT_EQ(SqlText("SELECT count(*) FROM Locations WHERE LocationID = 2"), "0");
 
-  list = FilledList(locations, 1);
-  EXPECT_FALSE(locations.RemoveRecord(3));  // the last item: the new last is selected
-  EXPECT_EQ(list->Texts(), (Texts{"B"}));
-  EXPECT_EQ(list->SelectedIndexes(), (Indexes{0}));
+  list_ = Fill();
+  EXPECT_FALSE(locations_->RemoveRecord(3));  // the last item: the new last is selected
+  EXPECT_EQ(list_->Texts(), (Texts{"B"}));
+  EXPECT_EQ(list_->SelectedIndexes(), (Indexes{0}));
 
-  list = FilledList(locations, 1);
-  EXPECT_FALSE(locations.RemoveRecord(1, false));
-  EXPECT_EQ(list->Texts(), Texts{});
-  EXPECT_EQ(list->SelectedIndexes(), Indexes{});
-  EXPECT_EQ(list->RefreshCount(), 2);  // the fill and the removal
+  list_ = Fill();
+  EXPECT_FALSE(locations_->RemoveRecord(1, false));
+  EXPECT_EQ(list_->Texts(), Texts{});
+  EXPECT_EQ(list_->SelectedIndexes(), Indexes{});
+  EXPECT_EQ(list_->RefreshCount(), 2);  // the fill and the removal
 }
 
-TEST_F(RecordCollectionTest, RemoveRecordOfAnUnknownIdActsOnTheCurrentRow) {
-  SeedLocations();
-  NLocations locations;
-  auto list = FilledList(locations, 1);
-
-  locations.Item(2);  // row 2 is now current
-  EXPECT_FALSE(locations.RemoveRecord(999));
+TEST_F(RecordCollectionTest, UnknownIdsActOnTheCurrentRowAndSetItemIgnoresItsId) {
+  locations_->Item(2);  // row 2 is now current
+  EXPECT_FALSE(locations_->RemoveRecord(999));
   EXPECT_EQ(
       SqlText("SELECT group_concat(LocationID) FROM (SELECT LocationID FROM Locations ORDER BY 1)"),
       "1,3,4");
-  EXPECT_EQ(list->Texts(), (Texts{"B", "F"}));
+  EXPECT_EQ(list_->Texts(), (Texts{"B", "F"}));
+  locations_->Item(3);
+  EXPECT_EQ(locations_->Item(999)->ID(), 3);
+
+  auto f = locations_->Item(3);
+  f->SetArena("A");
+  locations_->SetItem(1, f);
+  EXPECT_EQ(SqlText("SELECT group_concat(Arena) FROM (SELECT Arena FROM Locations ORDER BY "
+                    "LocationID)"),
+            "B,A,C");
+  EXPECT_EQ(list_->Texts(), (Texts{"A", "B"}));
+  EXPECT_EQ(list_->SelectedIndexes(), (Indexes{0}));
 
   // After a walk to the end there is no current row to act on.
-  locations.FillList(Variant(), 1);
-  EXPECT_EQ(Raised([&] { locations.RemoveRecord(999); }).Number(), dberr::kNoCurrentRecord);
-}
-
-TEST_F(RecordCollectionTest, ItemSetIgnoresItsIdAndUnknownItemReadsTheCurrentRow) {
-  SeedLocations();
-  NLocations locations;
-  auto list = FilledList(locations, 1);
-
-  auto d = locations.Item(2);
-  d->SetArena("A");
-  locations.SetItem(3, d);
-  EXPECT_EQ(SqlText("SELECT Arena FROM Locations WHERE LocationID = 2"), "A");
-  EXPECT_EQ(SqlText("SELECT Arena FROM Locations WHERE LocationID = 3"), "F");
-  EXPECT_EQ(list->Texts(), (Texts{"A", "B", "F"}));
-  EXPECT_EQ(list->SelectedIndexes(), (Indexes{0}));
-
-  // Not found: the record comes from whatever row is current.
-  locations.Item(3);
-  EXPECT_EQ(locations.Item(999)->ID(), 3);
+  locations_->FillList(Variant(), 1);
+  EXPECT_EQ(Raised([&] { locations_->RemoveRecord(999); }).Number(), dberr::kNoCurrentRecord);
 }
 
 TEST_F(RecordCollectionTest, ReadingConvertsEveryColumnThroughText) {
   Sql("INSERT INTO Locations (LocationID, Arena, City, Country, Era, PriceIndex, SiteRating)"
-      " VALUES (1, 'A', NULL, 'X', 3, '12', 7.5), (2, 'B', 'C', 'D', NULL, 1, 1)");
+      " VALUES (5, 'A', NULL, 'X', 3, '12', 7.5), (6, 'B', 'C', 'D', NULL, 1, 1)");
   NLocations locations;
-  auto a = locations.Item(1);
+  auto a = locations.Item(5);
   EXPECT_EQ(a->City(), "");  // a Null text reads as the empty text
   EXPECT_EQ(a->PriceIndex(), 12);
   EXPECT_EQ(a->SiteRating(), 8);  // rounded half to even
   EXPECT_EQ(a->Name(), "A X");
-
-  // A Null number fails the read with type mismatch.
-  Error e = Raised([&] { locations.Item(2); });
-  EXPECT_EQ(e.Number(), errnum::kTypeMismatch);
+  EXPECT_EQ(Raised([&] { locations.Item(6); }).Number(), errnum::kTypeMismatch);
 }
 
-TEST_F(RecordCollectionTest, FillListFollowsItsControlArgument) {
+TEST_F(RecordCollectionTest, FillListAndBindingFollowTheControlArgument) {
+  Sql("DELETE FROM Locations");
   NLocations locations;
-  // No control given and none bound: nothing to do.
-  EXPECT_NO_THROW(locations.FillList());
+  EXPECT_NO_THROW(locations.FillList());  // no control given and none bound
 
   // An empty table: the list is cleared, nothing added, and refreshed.
   auto list = std::make_shared<ListBoxDouble>();
@@ -201,24 +394,19 @@ TEST_F(RecordCollectionTest, FillListFollowsItsControlArgument) {
   EXPECT_EQ(list->ListCount(), 0);
   EXPECT_EQ(list->ClearCount(), 1);
   EXPECT_EQ(list->RefreshCount(), 1);
-
   // A Nothing control keeps the binding.
   list->AddItem("stale");
   locations.FillList(Variant(std::shared_ptr<ListBoxDouble>()));
   EXPECT_EQ(list->ListCount(), 0);
   EXPECT_EQ(list->ClearCount(), 2);
-}
 
-TEST_F(RecordCollectionTest, TypedCollectionsBindListBoxesOnly) {
-  SeedLocations();
-  NLocations locations;
   auto combo = std::make_shared<ListBoxDouble>(false);
   EXPECT_EQ(Raised([&] { locations.BindTo(combo); }).Number(), errnum::kTypeMismatch);
   EXPECT_EQ(Raised([&] { locations.BindTo(Variant(5)); }).Number(), errnum::kTypeMismatch);
   EXPECT_EQ(Raised([&] { locations.FillList(combo); }).Number(), errnum::kTypeMismatch);
 
   // Binding does not fill; Nothing unbinds, after which only the table changes.
-  auto list = std::make_shared<ListBoxDouble>();
+  list = std::make_shared<ListBoxDouble>();
   locations.BindTo(list);
   EXPECT_EQ(list->ListCount(), 0);
   locations.AddRecord(NewLocation("A", 1));
@@ -226,61 +414,29 @@ TEST_F(RecordCollectionTest, TypedCollectionsBindListBoxesOnly) {
   locations.BindTo(Variant(std::shared_ptr<ListBoxDouble>()));
   locations.AddRecord(NewLocation("Z", 1));
   EXPECT_EQ(list->Texts(), (Texts{"A, Town"}));
-  EXPECT_EQ(SqlText("SELECT count(*) FROM Locations"), "6");
+  EXPECT_EQ(SqlText("SELECT count(*) FROM Locations"), "2");
 }
 
 TEST_F(RecordCollectionTest, RecordsInterfaceCastsAndForwards) {
-  SeedLocations();
-  NLocations locations;
-  IRecords& records = locations.Records();
-
+  Sql("INSERT INTO Locations (Arena, Era, SiteRating) VALUES ('Top', 2, 1000), ('Over', 2, 1001)");
+  IRecords& records = locations_->Records();
   EXPECT_EQ(Raised([&] { records.AddRecord(Variant(std::make_shared<CJudge>())); }).Number(),
             errnum::kTypeMismatch);
   EXPECT_EQ(Raised([&] { records.UpdateRecord(Variant("B")); }).Number(), errnum::kTypeMismatch);
   EXPECT_EQ(Raised([&] { records.SetItem(1, Variant(7)); }).Number(), errnum::kTypeMismatch);
-  EXPECT_EQ(SqlText("SELECT count(*) FROM Locations"), "4");
+  EXPECT_EQ(SqlText("SELECT count(*) FROM Locations"), "6");
 
   auto added = NewLocation("E", 2);
-  Variant result = records.AddRecord(Variant(added));
-  EXPECT_EQ(result.As<CLocation>(), added);
+  EXPECT_EQ(records.AddRecord(Variant(added)).As<CLocation>(), added);
   EXPECT_EQ(records.Item(added->ID()).As<CLocation>()->Arena(), "E");
-
-  auto ghost = NewLocation("Ghost", 2);
-  ghost->SetID(99);
-  result = records.UpdateRecord(Variant(ghost));
+  const Variant result = records.UpdateRecord(Variant(NewLocation("Ghost", 2, 99)));
   EXPECT_TRUE(result.IsObject());
   EXPECT_EQ(result.ToObject(), nullptr);
   EXPECT_FALSE(records.RemoveRecord(added->ID()));
 
   // The common FillList of locations lists sites rated up to 1000.
-  Sql("INSERT INTO Locations (Arena, Era, SiteRating) VALUES ('Top', 2, 1000), ('Over', 2, 1001)");
-  auto list = std::make_shared<ListBoxDouble>();
-  records.FillList(Variant(list), 2);
-  EXPECT_EQ(list->Texts(), (Texts{"C", "Top"}));
-}
-
-// The list routine itself, for the kinds no public member passes.
-class ListFollowingTitles : public NTitles {
- public:
-  using NTitles::pvtUpdateList;
-};
-
-TEST_F(RecordCollectionTest, ListRoutineClearsOnlyForClearAndIgnoresOtherKinds) {
-  Sql("INSERT INTO Titles (Name) VALUES ('WBA'), ('WBC')");
-  ListFollowingTitles titles;
-  auto list = std::make_shared<ListBoxDouble>();
-  titles.FillList(list);
-  CTitle unlisted;
-  unlisted.SetID(99);
-
-  titles.pvtUpdateList(updListAddDefaults, unlisted, true);
-  titles.pvtUpdateList(static_cast<EUpdateListbox>(5), unlisted, true);
-  titles.pvtUpdateList(updListRemove, unlisted, true);  // no item of that ID
-  EXPECT_EQ(list->Texts(), (Texts{"WBA", "WBC"}));
-  EXPECT_EQ(list->SelectedIndexes(), Indexes{});
-
-  titles.pvtUpdateList(updListClear, unlisted, true);
-  EXPECT_EQ(list->ListCount(), 0);
+  records.FillList(Variant(list_), 2);
+  EXPECT_EQ(list_->Texts(), (Texts{"C", "Top"}));
 }
 
 }  // namespace

@@ -18,12 +18,11 @@
 namespace ringbook {
 namespace {
 
-constexpr const char* kHistories = "qryFighterHistories";
+using Texts = std::vector<std::string>;
 
 class StatementReuseTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    path_ = dir_.File("world.db");
     CreateGameDatabase(path_);
     // Fighter 1 has fights A, B, C and fighter 2 fights X, Y (the latest
     // first in the query).
@@ -34,18 +33,16 @@ class StatementReuseTest : public ::testing::Test {
   }
 
   std::shared_ptr<Recordset> Histories(int32_t fighter, RecordsetType type) {
-    std::shared_ptr<QueryDef> query = db_->QueryDefs(kHistories);
+    std::shared_ptr<QueryDef> query = db_->QueryDefs("qryFighterHistories");
     query->SetParameter("Enter FighterID", Variant(fighter));
     return query->OpenRecordset(type);
   }
 
-  static std::vector<std::string> Opponents(Recordset& rows) {
-    std::vector<std::string> names;
-    if (rows.RecordCount() <= 0) return names;
-    rows.MoveFirst();
-    while (!rows.Eof()) {
-      names.push_back(rows.Field("Opponent").ToText());
-      rows.MoveNext();
+  static Texts Opponents(Recordset& rows) {
+    Texts names;
+    if (rows.RecordCount() > 0) {
+      for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
+        names.push_back(rows.Field("Opponent").ToText());
     }
     return names;
   }
@@ -60,20 +57,20 @@ class StatementReuseTest : public ::testing::Test {
   }
 
   test::TempDir dir_;
-  std::string path_;
+  std::string path_ = dir_.File("world.db");
   std::shared_ptr<Database> db_;
 };
 
 TEST_F(StatementReuseTest, ARunAgainSeesTheWritesMadeSinceTheLastOne) {
   for (const RecordsetType type : {RecordsetType::Snapshot, RecordsetType::Dynaset}) {
     SCOPED_TRACE(static_cast<int>(type));
-    const std::vector<std::string> before = Opponents(*Histories(1, type));
+    const Texts before = Opponents(*Histories(1, type));
     // A run left on its first row hands its statements back as they are.
     auto left = Histories(1, type);
     left->MoveFirst();
     left.reset();
     AddFight(1, before.size() + 10, "New " + std::to_string(before.size()));
-    std::vector<std::string> expected = {"New " + std::to_string(before.size())};
+    Texts expected = {"New " + std::to_string(before.size())};
     expected.insert(expected.end(), before.begin(), before.end());
     EXPECT_EQ(Opponents(*Histories(1, type)), expected);
   }
@@ -88,14 +85,13 @@ TEST_F(StatementReuseTest, RecordsetsOpenOnOneQueryAtOnceKeepTheirOwnRows) {
   EXPECT_EQ(second->Field("Opponent").ToText(), "X");
   // A third run of the query while both are open, and one of them closed
   // in between, changes neither of the others.
-  EXPECT_EQ(Opponents(*Histories(2, RecordsetType::Snapshot)),
-            (std::vector<std::string>{"X", "Y"}));
+  EXPECT_EQ(Opponents(*Histories(2, RecordsetType::Snapshot)), (Texts{"X", "Y"}));
   second->Close();
-  EXPECT_EQ(Opponents(*Histories(2, RecordsetType::Dynaset)), (std::vector<std::string>{"X", "Y"}));
+  EXPECT_EQ(Opponents(*Histories(2, RecordsetType::Dynaset)), (Texts{"X", "Y"}));
   first->MoveNext();
   EXPECT_EQ(first->Field("Opponent").ToText(), "B");
   first->Requery();
-  EXPECT_EQ(Opponents(*first), (std::vector<std::string>{"A", "B", "C"}));
+  EXPECT_EQ(Opponents(*first), (Texts{"A", "B", "C"}));
 }
 
 TEST_F(StatementReuseTest, ARecordsetOutlivesItsDatabaseObject) {
@@ -107,11 +103,10 @@ TEST_F(StatementReuseTest, ARecordsetOutlivesItsDatabaseObject) {
   rows->SetField("Opponent", Variant("Z"));
   rows->Update();
   rows->Requery();
-  EXPECT_EQ(Opponents(*rows), (std::vector<std::string>{"Z", "Y"}));
+  EXPECT_EQ(Opponents(*rows), (Texts{"Z", "Y"}));
   rows.reset();
   db_ = Database::Open(path_);
-  EXPECT_EQ(Opponents(*Histories(2, RecordsetType::Snapshot)),
-            (std::vector<std::string>{"Z", "Y"}));
+  EXPECT_EQ(Opponents(*Histories(2, RecordsetType::Snapshot)), (Texts{"Z", "Y"}));
 }
 
 }  // namespace
