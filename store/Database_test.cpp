@@ -63,47 +63,42 @@ class DatabaseTest : public ::testing::Test {
   std::string path_ = dir_.File("world.db");
 };
 
-TEST_F(DatabaseTest, OpenFailuresNameThePathAndCreateNothing) {
+TEST_F(DatabaseTest, OpenFailuresNameTheCauseAndChangeNothing) {
   const std::string missing = dir_.File("nowhere.db");
-  Error e = Raised([&] { Database::Open(missing); });
-  EXPECT_EQ(e.Number(), dberr::kFileNotFound);
-  EXPECT_TRUE(Mentions(e, missing));
-  EXPECT_FALSE(std::filesystem::exists(missing));
-
   const std::string garbage = dir_.File("garbage.db");
-  {
-    std::ofstream out(garbage, std::ios::binary);
-    out << std::string(4096, 'x');
-  }
-  e = Raised([&] { Database::Open(garbage); });
-  EXPECT_EQ(e.Number(), dberr::kUnrecognizedFormat);
-  EXPECT_TRUE(Mentions(e, garbage));
-  EXPECT_EQ(std::filesystem::file_size(garbage), 4096u);
-
   const std::string empty = dir_.File("empty.db");
+  std::ofstream(garbage, std::ios::binary) << std::string(4096, 'x');
   std::ofstream(empty).close();
-  e = Raised([&] { Database::Open(empty); });
-  EXPECT_EQ(e.Number(), dberr::kUnrecognizedFormat);
-  EXPECT_TRUE(Mentions(e, "not a game database"));
+  const auto version = [](int v) { return "PRAGMA user_version = " + std::to_string(v); };
+  struct Case {
+    std::string path;
+    std::string sql;  // run on the game database first
+    int number;
+    std::vector<std::string> mentions;
+  };
+  const Case cases[] = {
+      {missing, "", dberr::kFileNotFound, {missing}},
+      {garbage, "", dberr::kUnrecognizedFormat, {garbage}},
+      {empty, "", dberr::kUnrecognizedFormat, {"not a game database"}},
+      {dir_.Path().string(), "", dberr::kInvalidPath, {}},
+      {path_, version(kGameSchemaVersion + 1), dberr::kUnrecognizedFormat, {path_, "newer"}},
+      // The header and the recorded version must agree.
+      {path_,
+       version(kGameSchemaVersion) +
+           "; UPDATE DatabaseInfo SET Value = 7 WHERE Name = 'SchemaVersion'",
+       dberr::kUnrecognizedFormat,
+       {"damaged"}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.path + " " + c.sql);
+    if (!c.sql.empty()) ExecSql(path_, c.sql);
+    const Error e = Raised([&] { Database::Open(c.path); });
+    EXPECT_EQ(e.Number(), c.number);
+    for (const std::string& what : c.mentions) EXPECT_TRUE(Mentions(e, what)) << e.Description();
+  }
+  EXPECT_FALSE(std::filesystem::exists(missing));
+  EXPECT_EQ(std::filesystem::file_size(garbage), 4096u);
   EXPECT_EQ(std::filesystem::file_size(empty), 0u);
-
-  e = Raised([&] { Database::Open(dir_.Path().string()); });
-  EXPECT_EQ(e.Number(), dberr::kInvalidPath);
-}
-
-TEST_F(DatabaseTest, OpenRefusesNewerOrInconsistentLayouts) {
-  ExecSql(path_, "PRAGMA user_version = " + std::to_string(kGameSchemaVersion + 1));
-  Error e = Raised([&] { Database::Open(path_); });
-  EXPECT_EQ(e.Number(), dberr::kUnrecognizedFormat);
-  EXPECT_TRUE(Mentions(e, path_));
-  EXPECT_TRUE(Mentions(e, "newer"));
-
-  // The header and the recorded version must agree.
-  ExecSql(path_, "PRAGMA user_version = " + std::to_string(kGameSchemaVersion) +
-                     "; UPDATE DatabaseInfo SET Value = 7 WHERE Name = 'SchemaVersion'");
-  e = Raised([&] { Database::Open(path_); });
-  EXPECT_EQ(e.Number(), dberr::kUnrecognizedFormat);
-  EXPECT_TRUE(Mentions(e, "damaged"));
 }
 
 TEST_F(DatabaseTest, OpenReportsALockedDatabase) {

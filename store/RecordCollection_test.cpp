@@ -41,13 +41,23 @@ Texts Vals(const A&... values) {
 template <class C>
 struct Kind;
 
+template <class R>
+struct NameOnly {
+  static std::shared_ptr<R> Full() {
+    auto r = std::make_shared<R>();
+    r->SetName("AAA");
+    return r;
+  }
+  static Texts Of(const R& r) { return Vals(r.ID(), r.Name()); }
+};
+
 template <>
 struct Kind<NAnnouncers> {
   static constexpr const char* kRows =
-      "INSERT INTO Announcers (FirstName, LastName, Era) VALUES (NULL, NULL, 2), ('Ann', ' Able', "
+      "INSERT INTO Announcers (FirstName, LastName, Era) VALUES (NULL, NULL, 2), ('Ann', 'Able', "
       "1)";
-  static constexpr const char* kListText =
-      " \tera:2\r\nAnn Able\tera:1\r\n";  // one blank if no names
+  // A person without names is named by one blank.
+  static constexpr const char* kListText = " \tera:2\r\nAnn Able\tera:1\r\n";
   static constexpr int16_t kEra = 1;
   static Texts Listed() { return {"Ann Able"}; }
   static constexpr const char* kMissing = "Stop in Announcer.UpdateRecord";
@@ -76,20 +86,17 @@ struct Kind<NCornermen> {
   static constexpr const char* kMissing = "Stop in NCornermen.UpdateRecord";
   static std::string ListText(NCornermen& c) { return c.GetCornermenList(); }
   static std::shared_ptr<CCornerman> Full() {
-    auto c = std::make_shared<CCornerman>();
+    using C = CCornerman;
+    auto c = std::make_shared<C>();
     c->SetFirstName("Pat");
     c->SetLastName("Duffy");
     c->SetNickName("Doc");
-    c->SetDiscipline(1);
-    c->SetEra(2);
-    c->SetMotivate(3);
-    c->SetCloseCuts(4);
-    c->SetReduceSwelling(5);
-    c->SetSpecialty(6);
-    c->SetStrategy(7);
-    c->SetTrainingOffense(8);
-    c->SetTrainingDefense(9);
-    c->SetTrainingAverage(10);
+    int16_t value = 0;
+    for (auto set : {&C::SetDiscipline, &C::SetEra, &C::SetMotivate, &C::SetCloseCuts,
+                     &C::SetReduceSwelling, &C::SetSpecialty, &C::SetStrategy,
+                     &C::SetTrainingOffense, &C::SetTrainingDefense, &C::SetTrainingAverage}) {
+      (c.get()->*set)(++value);
+    }
     return c;
   }
   static Texts Of(const CCornerman& r) {
@@ -100,19 +107,13 @@ struct Kind<NCornermen> {
 };
 
 template <>
-struct Kind<NGroups> {
+struct Kind<NGroups> : NameOnly<CGroup> {
   static constexpr const char* kRows = "INSERT INTO \"Groups\" (Name) VALUES ('b'), ('A')";
   static constexpr const char* kListText = "A\r\nb\r\n";  // sorted without regard to case
   static constexpr int16_t kEra = 7;                      // no filter to pass on
   static Texts Listed() { return {"A", "b"}; }
   static constexpr const char* kMissing = "Stop in NGroups.UpdateRecord";
   static std::string ListText(NGroups& c) { return c.GetGroupList(); }
-  static std::shared_ptr<CGroup> Full() {
-    auto r = std::make_shared<CGroup>();
-    r->SetName("Juniors");
-    return r;
-  }
-  static Texts Of(const CGroup& r) { return Vals(r.ID(), r.Name()); }
 };
 
 template <>
@@ -197,7 +198,7 @@ struct Kind<NReferees> {
 };
 
 template <>
-struct Kind<NTitles> {
+struct Kind<NTitles> : NameOnly<CTitle> {
   static constexpr const char* kRows =
       "INSERT INTO Titles (TitleId, Name) VALUES (1, 'WBC'), (2, 'IBF'), (3, 'WBA')";
   static constexpr const char* kListText = "IBF\r\nWBA\r\nWBC\r\n";
@@ -205,12 +206,6 @@ struct Kind<NTitles> {
   static Texts Listed() { return {"IBF", "WBA", "WBC"}; }
   static constexpr const char* kMissing = "Stop in NTitles.UpdateRecord";
   static std::string ListText(NTitles& c) { return c.GetTitleList(); }
-  static std::shared_ptr<CTitle> Full() {
-    auto r = std::make_shared<CTitle>();
-    r->SetName("AAA");
-    return r;
-  }
-  static Texts Of(const CTitle& r) { return Vals(r.ID(), r.Name()); }
 };
 
 template <class C>

@@ -238,25 +238,7 @@ TEST_F(SeedWorldTest, AFailureHalfwayLeavesNothingSeeded) {
   EXPECT_EQ(Rows("Cornermen"), 79);
 }
 
-TEST_F(SeedWorldTest, AFailedSeedRemovesTheFileItCreatedAndLeavesOtherFilesAlone) {
-  struct Stop : std::runtime_error {
-    Stop() : std::runtime_error("stop") {}
-  };
-  EXPECT_THROW(SeedGameWorld(path_,
-                             [](int32_t done, int32_t) {
-                               if (done == 200) throw Stop();
-                             }),
-               Stop);
-  for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
-    EXPECT_FALSE(std::filesystem::exists(path_ + suffix)) << suffix;
-  }
-  const std::string notes = dir_.File("notes.txt");
-  std::ofstream(notes) << "a shopping list, not a game world";
-  EXPECT_EQ(Raised([&] { SeedGameWorld(notes); }).Number(), dberr::kUnrecognizedFormat);
-  EXPECT_EQ(std::filesystem::file_size(notes), 33u);
-}
-
-TEST_F(SeedWorldTest, TheCallersSettingsObjectIsPutBack) {
+TEST_F(SeedWorldTest, TheCallersSettingsArePutBackAndAFailedSeedRemovesTheFileItCreated) {
   auto own = std::make_shared<DefaultSettings>(dir_.File("elsewhere.db"), "/options/here");
   SetSettings(own);
   std::string seen_path;
@@ -274,14 +256,24 @@ TEST_F(SeedWorldTest, TheCallersSettingsObjectIsPutBack) {
   // Also after a refusal, and after a failure while rows are written.
   EXPECT_THROW(SeedGameWorld(path_), Error);
   EXPECT_EQ(CurrentSettings(), own);
+  struct Stop : std::runtime_error {
+    Stop() : std::runtime_error("stop") {}
+  };
   const std::string other = dir_.File("other.db");
   EXPECT_THROW(SeedGameWorld(other,
                              [](int32_t done, int32_t) {
-                               if (done == 5)
-                                 throw Error(errnum::kInvalidProcedureCall, "test", "stop");
+                               if (done == 200) throw Stop();
                              }),
-               Error);
+               Stop);
   EXPECT_EQ(CurrentSettings(), own);
+  for (const char* suffix : {"", "-wal", "-shm", "-journal"}) {
+    EXPECT_FALSE(std::filesystem::exists(other + suffix)) << suffix;
+  }
+  // A file that is not a game database is refused and left as it was.
+  const std::string notes = dir_.File("notes.txt");
+  std::ofstream(notes) << "a shopping list, not a game world";
+  EXPECT_EQ(Raised([&] { SeedGameWorld(notes); }).Number(), dberr::kUnrecognizedFormat);
+  EXPECT_EQ(std::filesystem::file_size(notes), 33u);
 
   // A thread that never had a settings object has none afterwards either.
   SetSettings(nullptr);

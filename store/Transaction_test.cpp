@@ -2,55 +2,36 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 
-#include "core/DefaultSettings.h"
-#include "core/HostServices.h"
 #include "store/Database.h"
-#include "store/GameDatabase.h"
 #include "store/NGroups.h"
 #include "store/Recordset.h"
+#include "support/GameDatabaseFixture.h"
 #include "support/Raised.h"
-#include "support/SqlFile.h"
-#include "support/TempDir.h"
 
 namespace ringbook {
 namespace {
 
-using test::QuerySql;
-
 using test::Raised;
 
-class TransactionTest : public ::testing::Test {
+class TransactionTest : public test::GameDatabaseFixture {
  protected:
-  void SetUp() override {
-    path_ = dir_.File("world.db");
-    CreateGameDatabase(path_);
-    SetSettings(std::make_shared<DefaultSettings>(path_, dir_.Path().string()));
-  }
-  void TearDown() override { SetSettings(nullptr); }
-
-  void AddGroup(const std::string& name) {
-    NGroups groups;
+  static void AddGroup(const std::string& name) {
     auto group = std::make_shared<CGroup>();
     group->SetName(name);
-    groups.AddRecord(group, false);
+    NGroups().AddRecord(group, false);
   }
   // Read from the file by a connection of the test's own.
   std::string Groups() const {
-    return QuerySql(path_,
-                    "SELECT group_concat(Name, ',') FROM (SELECT Name FROM \"Groups\" "
-                    "ORDER BY GroupID)");
+    return SqlText(
+        "SELECT group_concat(Name, ',') FROM (SELECT Name FROM \"Groups\" ORDER BY GroupID)");
   }
-
-  test::TempDir dir_;
-  std::string path_;
 };
 
 TEST_F(TransactionTest, CollectionsOpenedInsideCommitTogether) {
-  Transaction transaction(path_);
+  Transaction transaction(Path());
   EXPECT_TRUE(transaction.IsOpen());
   AddGroup("World");
   AddGroup("Europe");
@@ -73,12 +54,12 @@ TEST_F(TransactionTest, CollectionsOpenedInsideCommitTogether) {
 TEST_F(TransactionTest, EndingWithoutCommitUndoesEverything) {
   AddGroup("Kept");
   {
-    Transaction transaction(path_);
+    Transaction transaction(Path());
     AddGroup("Dropped");
   }
   EXPECT_EQ(Groups(), "Kept");
 
-  Transaction transaction(path_);
+  Transaction transaction(Path());
   AddGroup("Undone");
   transaction.Rollback();
   EXPECT_FALSE(transaction.IsOpen());
@@ -89,24 +70,24 @@ TEST_F(TransactionTest, EndingWithoutCommitUndoesEverything) {
 }
 
 TEST_F(TransactionTest, OneTransactionPerFileAndThread) {
-  Transaction first(path_);
-  const Error e = Raised([&] { Transaction second(path_); });
+  Transaction first(Path());
+  const Error e = Raised([&] { Transaction second(Path()); });
   EXPECT_EQ(e.Number(), dberr::kEngine);
-  EXPECT_NE(e.Description().find(path_), std::string::npos) << e.Description();
+  EXPECT_NE(e.Description().find(Path()), std::string::npos) << e.Description();
   // The refused one disturbed nothing: the first still works and commits.
   AddGroup("World");
   first.Commit();
   EXPECT_EQ(Groups(), "World");
   // Once ended, the file takes a new transaction, and later opens get
   // connections of their own again.
-  Transaction next(path_);
+  Transaction next(Path());
   AddGroup("Undone");
 }
 
 TEST_F(TransactionTest, EarlierConnectionsWaitAndFailAsLocked) {
-  auto earlier = Database::Open(path_);
+  auto earlier = Database::Open(Path());
   auto rows = earlier->OpenRecordset("Groups");
-  Transaction transaction(path_);
+  Transaction transaction(Path());
   rows->AddNew();
   rows->SetField("Name", "Outside");
   EXPECT_EQ(Raised([&] { rows->Update(); }).Number(), dberr::kFileInUse);
