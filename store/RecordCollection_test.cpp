@@ -434,5 +434,73 @@ TEST_F(RecordCollectionTest, RecordsInterfaceCastsAndForwards) {
   EXPECT_EQ(list_->Texts(), (Texts{"C", "Top"}));
 }
 
+// What single collections do differently.
+TEST_F(RecordCollectionTest, CornermenGiveAnEmptyCornermanForAnUnknownId) {
+  Sql("INSERT INTO Cornermen (CornermanID, LastName, Era) VALUES (1, 'Smith', 1)");
+  NCornermen cornermen;
+  EXPECT_EQ(cornermen.Item(1)->Name(), "Smith");  // no stray blank
+  auto none = cornermen.Item(2);                  // row 1 is current, yet not read
+  EXPECT_EQ(none->ID(), 0);
+  EXPECT_EQ(none->Name(), "");
+  EXPECT_EQ(none->Era(), 0);
+  EXPECT_EQ(cornermen.Records().Item(2).As<CCornerman>()->ID(), 0);
+  cornermen.FillList(list_);  // era 0: none
+  EXPECT_EQ(list_->ListCount(), 0);
+}
+
+TEST_F(RecordCollectionTest, GroupsBindAnyControl) {
+  Sql("INSERT INTO \"Groups\" (Name) VALUES ('Amateurs'), ('Pros')");
+  NGroups groups;
+  auto combo = std::make_shared<ListBoxDouble>(false);
+  groups.FillList(combo);
+  EXPECT_EQ(combo->Texts(), (Texts{"Amateurs", "Pros"}));
+  EXPECT_EQ(combo->Data(), (Indexes{1, 2}));
+  auto added = std::make_shared<CGroup>();
+  added->SetName("Juniors");
+  groups.AddRecord(added);
+  EXPECT_EQ(combo->Texts(), (Texts{"Amateurs", "Juniors", "Pros"}));
+  EXPECT_EQ(combo->ListIndex(), 1);
+  added->SetName("Veterans");
+  groups.UpdateRecord(added);
+  EXPECT_EQ(combo->Texts(), (Texts{"Amateurs", "Pros", "Veterans"}));
+}
+
+TEST_F(RecordCollectionTest, LocationsListOneEraUpToASiteRating) {
+  Sql("DELETE FROM Locations; INSERT INTO Locations (Arena, Era, SiteRating) VALUES"
+      " ('Low', 2, 10), ('Edge', 2, 25), ('High', 2, 26), ('Unrated', 2, NULL),"
+      " ('Other era', 1, 5), ('Home', 0, 1000), ('Too good', 0, 1001)");
+  NLocations locations;
+  locations.FillList(list_, 2, 25);
+  EXPECT_EQ(list_->Texts(), (Texts{"Edge", "Low"}));
+  locations.FillList();  // the defaults: era 0, site rating up to 1000
+  EXPECT_EQ(list_->Texts(), (Texts{"Home"}));
+  // The site filter is any value, compared as a number.
+  locations.FillList(Variant(), 2, "26");
+  EXPECT_EQ(list_->Texts(), (Texts{"Edge", "High", "Low"}));
+  EXPECT_EQ(Raised([&] { locations.FillList(Variant(), 2, "high"); }).Number(),
+            errnum::kTypeMismatch);
+}
+
+TEST_F(RecordCollectionTest, TitlesFillAnArrayWithNamesAndKeysInTheQueryOrder) {
+  VariantArray2D array;  // an empty table leaves the array alone
+  array.ReDim(0, 4, 0, 0);
+  array(4, 0) = Variant("kept");
+  NTitles().FillArray(array);
+  EXPECT_EQ(array.UBound(1), 4);
+  EXPECT_EQ(array(4, 0), Variant("kept"));
+
+  Sql(Kind<NTitles>::kRows);
+  NTitles titles;
+  EXPECT_EQ(titles.Item(3)->Name(), "WBA");  // found although the key column is "TitleId"
+  titles.FillArray(array);
+  EXPECT_EQ(std::vector<int>({array.LBound(1), array.UBound(1), array.LBound(2), array.UBound(2)}),
+            std::vector<int>({1, 3, 0, 1}));
+  EXPECT_EQ(array(1, 0), Variant("IBF"));
+  EXPECT_EQ(array(1, 1), Variant(int32_t{2}));  // the column's value, a Long
+  EXPECT_EQ(array(2, 0), Variant("WBA"));
+  EXPECT_EQ(array(3, 0), Variant("WBC"));
+  EXPECT_EQ(array(3, 1), Variant(int32_t{1}));
+}
+
 }  // namespace
 }  // namespace ringbook
