@@ -44,6 +44,22 @@ std::vector<T> Walk(Recordset& rs, const std::string& field = "") {
   return out;
 }
 
+// Sets one field of the judge of `key` through `rs`.
+void Change(Recordset& rs, int64_t key, const std::string& field, const std::string& value) {
+  rs.FindFirst("JudgeID = " + std::to_string(key));
+  rs.Edit();
+  rs.SetField(field, Variant(value));
+  rs.Update();
+}
+
+// Adds a judge of that last name through `rs`; returns its key.
+int64_t Add(Recordset& rs, const std::string& last) {
+  rs.AddNew();
+  rs.SetField("LastName", Variant(last));
+  rs.Update();
+  return rs.LastModified();
+}
+
 class DatabaseTest : public ::testing::Test {
  protected:
   void SetUp() override { CreateGameDatabase(path_); }
@@ -292,15 +308,9 @@ TEST_F(DatabaseTest, KeysetKeepsItsOrderUntilRequery) {
   EXPECT_EQ(Walk(*rs), (Keys{b, d}));
 
   // Added through the recordset: at the end until the next requery.
-  rs->AddNew();
-  rs->SetField("LastName", "Adams");
-  rs->Update();
-  const int64_t a = rs->LastModified();
+  const int64_t a = Add(*rs, "Adams");
   // Changed so that it sorts first: keeps its place.
-  rs->FindFirst("JudgeID = " + std::to_string(d));
-  rs->Edit();
-  rs->SetField("LastName", "Aaron");
-  rs->Update();
+  Change(*rs, d, "LastName", "Aaron");
   EXPECT_EQ(Walk(*rs), (Keys{b, d, a}));
 
   rs->Requery();
@@ -325,19 +335,10 @@ TEST_F(DatabaseTest, LateKeysetIsTheOneOfTheRequery) {
   // Meanwhile, through other connections and recordsets: a row is added,
   // one changes its sort position and, through this recordset, one is added.
   auto other = Judges();
-  other->AddNew();
-  other->SetField("LastName", "Aardvark");
-  other->Update();
-  const int64_t foreign = other->LastModified();
-  other->FindFirst("JudgeID = " + std::to_string(d));
-  other->Edit();
-  other->SetField("LastName", "Abbot");
-  other->Update();
+  const int64_t foreign = Add(*other, "Aardvark");
+  Change(*other, d, "LastName", "Abbot");
 
-  rs->AddNew();
-  rs->SetField("LastName", "Cole");
-  rs->Update();
-  const int64_t own = rs->LastModified();
+  const int64_t own = Add(*rs, "Cole");
 
   // Finding by key answers as the keyset of the requery would...
   rs->FindFirst("JudgeID = " + std::to_string(foreign));
@@ -364,10 +365,7 @@ TEST_F(DatabaseTest, AWalkReadsCurrentValuesOfRowsChangedMeanwhile) {
   // Through another connection, while the walk has read ahead: B changes
   // and C goes.
   auto other = Judges();
-  other->FindFirst("JudgeID = " + std::to_string(keys[1]));
-  other->Edit();
-  other->SetField("FirstName", "Changed");
-  other->Update();
+  Change(*other, keys[1], "FirstName", "Changed");
   other->FindFirst("JudgeID = " + std::to_string(keys[2]));
   other->Delete();
 

@@ -5,16 +5,13 @@
 #include <functional>
 #include <utility>
 
+#include "support/Raised.h"
+
 namespace ringbook {
 namespace {
 
 int NumberOf(const std::function<void()>& f) {
-  try {
-    f();
-  } catch (const Error& e) {
-    return e.Number();
-  }
-  return 0;
+  return test::Raised(f).Number();
 }
 
 TEST(VariantArray2DTest, BoundsAndSubscriptsAreChecked) {
