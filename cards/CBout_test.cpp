@@ -6,6 +6,7 @@
 
 #include "core/DefaultUtility.h"
 #include "support/Bytes.h"
+#include "support/Raised.h"
 #include "support/RecordBytes.h"
 #include "support/TempSettings.h"
 
@@ -31,8 +32,18 @@ std::string Odds(int16_t first, int16_t second) {
   return bout.OddsForFight();
 }
 
-TEST(CBoutTest, OddsFollowTheWorkedExamples) {
+// Says no number is even.
+class NothingIsEven : public DefaultUtility {
+ public:
+  bool IsEven(int32_t) override { return false; }
+};
+
+class CBoutTest : public testing::Test {
+ protected:
   TempSettings env;
+};
+
+TEST_F(CBoutTest, OddsFollowTheWorkedExamples) {
   const std::tuple<int16_t, int16_t, const char*> cases[] = {
       {91, 29, "23-2"}, {29, 91, "23-2"},  // the larger total is always first
       {90, 31, "11-1"}, {80, 60, "1-1"},  {70, 69, "17-2"},
@@ -40,26 +51,15 @@ TEST(CBoutTest, OddsFollowTheWorkedExamples) {
       {40, 4, "13-1"},                    // 41 against 3, odd
   };
   for (const auto& [first, second, odds] : cases) EXPECT_EQ(Odds(first, second), odds);
-}
-
-// Says no number is even, to show that the odds ask the host's utility.
-class NothingIsEven : public DefaultUtility {
- public:
-  bool IsEven(int32_t) override { return false; }
-};
-
-TEST(CBoutTest, OddsAskTheUtilityWhetherAPartIsEven) {
-  TempSettings env;
+  // Evenness is the host utility's call.
   SetUtility(std::make_shared<NothingIsEven>());
   EXPECT_EQ(Odds(91, 29), "3-1");  // 92 / 28, the odd rule
   SetUtility(nullptr);
-  EXPECT_EQ(Odds(91, 29), "23-2");
 }
 
-TEST(CBoutTest, FavoriteUnderdogAndModifier) {
-  TempSettings env;
+TEST_F(CBoutTest, FavoriteUnderdogAndModifier) {
   CBout bout;
-  SetTotals(bout, 50, 50);
+  SetTotals(bout, 50, 50);  // equal: fighter 2 is the favourite
   EXPECT_EQ(bout.OddsFavorite(), 2);
   EXPECT_EQ(bout.OddsUnderdog(), 1);
   EXPECT_FLOAT_EQ(bout.OddsModifier(), 1.0f);
@@ -68,8 +68,7 @@ TEST(CBoutTest, FavoriteUnderdogAndModifier) {
   SetTotals(other, 91, 29);
   EXPECT_EQ(other.OddsFavorite(), 1);
   EXPECT_EQ(other.OddsUnderdog(), 2);
-  // Works the odds out itself the first time.
-  EXPECT_FLOAT_EQ(other.OddsModifier(), 11.5f);
+  EXPECT_FLOAT_EQ(other.OddsModifier(), 11.5f);  // works the odds out itself the first time
   SetTotals(other, 29, 90);
   EXPECT_EQ(other.OddsFavorite(), 2);
   EXPECT_EQ(other.OddsUnderdog(), 1);
@@ -78,8 +77,7 @@ TEST(CBoutTest, FavoriteUnderdogAndModifier) {
   EXPECT_FLOAT_EQ(other.OddsModifier(), 11.0f);
 }
 
-TEST(CBoutTest, TotalRatingIsA16BitSumAndOverflowFails) {
-  TempSettings env;
+TEST_F(CBoutTest, TotalRatingIsA16BitSumAndOverflowFails) {
   CBout bout;
   bout.SetRating(2, 30000);
   bout.SetDrawPower(2, 2767);
@@ -87,74 +85,55 @@ TEST(CBoutTest, TotalRatingIsA16BitSumAndOverflowFails) {
   EXPECT_EQ(total.Type(), VarType::Integer);
   EXPECT_EQ(total.ToInteger(), 32767);
   bout.SetDrawPower(2, 2768);
-  try {
-    bout.TotalRating(2);
-    FAIL() << "no overflow";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kOverflow);
-  }
+  EXPECT_EQ(test::Raised([&] { bout.TotalRating(2); }).Number(), errnum::kOverflow);
 }
 
-TEST(CBoutTest, RepeatKeeps32BitsAndShowsTheLow16) {
-  TempSettings env;
+TEST_F(CBoutTest, RepeatKeeps32BitsAndShowsTheLow16) {
   CBout bout;
   bout.SetRepeat(-2);
   EXPECT_EQ(bout.Repeat(), -2);
   bout.SaveToFile(env.File("b.bin"));
-  const auto bytes = ReadFileBytes(env.File("b.bin"));
+  auto bytes = ReadFileBytes(env.File("b.bin"));
   // After the marker, four empty names and two IDs: offset 4+16+8.
   ASSERT_GE(bytes.size(), 32u);
   EXPECT_EQ(std::vector<uint8_t>(bytes.begin() + 28, bytes.begin() + 32),
             (std::vector<uint8_t>{0xFE, 0xFF, 0xFF, 0xFF}));
-
-  auto patched = bytes;
-  patched[28] = 0x70;  // 70000 = 0x00011170
-  patched[29] = 0x11;
-  patched[30] = 0x01;
-  patched[31] = 0x00;
-  WriteFileBytes(env.File("b.bin"), patched);
+  const uint8_t big[] = {0x70, 0x11, 0x01, 0x00};  // 70000
+  std::copy(std::begin(big), std::end(big), bytes.begin() + 28);
+  WriteFileBytes(env.File("b.bin"), bytes);
   CBout loaded;
   loaded.LoadFromFile(env.File("b.bin"));
   EXPECT_EQ(loaded.Repeat(), 4464);
   loaded.SaveToFile(env.File("again.bin"));
-  EXPECT_EQ(ReadFileBytes(env.File("again.bin")), patched);
+  EXPECT_EQ(ReadFileBytes(env.File("again.bin")), bytes);
 }
 
-TEST(CBoutTest, FighterNameStylesAndMissingParts) {
-  TempSettings env;
+TEST_F(CBoutTest, NamesAndDescriptionsByStyle) {
   CBout bout;
   bout.SetFighterFirstName(1, "  Joe ");
-  bout.SetFighterLastName(1, "Louis");
-  EXPECT_EQ(bout.FighterName(1), "Joe Louis");
-  EXPECT_EQ(bout.FighterName(1, ensInitialAndLastName), "J. Louis");
-  EXPECT_EQ(bout.FighterName(1, ensLastName), "Louis");
-  EXPECT_EQ(bout.FighterName(1, 7), "Joe Louis");
-
-  bout.SetFighterFirstName(2, "");
-  bout.SetFighterLastName(2, "Ali");
-  for (int16_t style : {0, 1, 2}) EXPECT_EQ(bout.FighterName(2, style), "Ali");
-  bout.SetFighterFirstName(2, "Émile");
-  EXPECT_EQ(bout.FighterName(2, 1), "É. Ali");  // a whole character, not a byte
-  bout.SetFighterLastName(2, " ");
-  for (int16_t style : {0, 1, 2}) EXPECT_EQ(bout.FighterName(2, style), "Émile");
-  bout.SetFighterFirstName(2, "");
-  EXPECT_EQ(bout.FighterName(2), "");
-}
-
-TEST(CBoutTest, DescriptionOrdersAndSplits) {
-  TempSettings env;
-  CBout bout;
-  bout.SetFighterFirstName(1, "Joe");
   bout.SetFighterLastName(1, "Louis");
   bout.SetFighterFirstName(2, "Max");
   bout.SetFighterLastName(2, "Baer");
   SetTotals(bout, 60, 80);
   EXPECT_EQ(bout.Description(), "Joe Louis vs Max Baer");
-  EXPECT_EQ(bout.Description(1), "J. Louis vs M. Baer");
-  EXPECT_EQ(bout.Description(2, true), "Baer vs Louis");
-  EXPECT_EQ(bout.Description(2, false, true), "Louis\r\n vs \r\nBaer");
-  SetTotals(bout, 70, 70);  // equal: fighter 2 is the favourite
-  EXPECT_EQ(bout.Description(2, true), "Baer vs Louis");
+  EXPECT_EQ(bout.Description(ensInitialAndLastName), "J. Louis vs M. Baer");
+  EXPECT_EQ(bout.Description(ensLastName, true), "Baer vs Louis");  // the favourite first
+  EXPECT_EQ(bout.Description(ensLastName, false, true), "Louis\r\n vs \r\nBaer");
+  EXPECT_EQ(bout.FighterName(1, 7), "Joe Louis");  // an unknown style: the full name
+
+  // Missing parts leave no stray blank or initial.
+  const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
+      {"", "Ali", "Ali", "Ali", "Ali"},
+      {"Émile", "Ali", "Émile Ali", "É. Ali", "Ali"},  // a whole character
+      {"Émile", " ", "Émile", "Émile", "Émile"},
+      {"", "", "", "", ""}};
+  for (const auto& [first, last, full, initial, last_only] : cases) {
+    bout.SetFighterFirstName(2, first);
+    bout.SetFighterLastName(2, last);
+    EXPECT_EQ(bout.FighterName(2), full);
+    EXPECT_EQ(bout.FighterName(2, ensInitialAndLastName), initial);
+    EXPECT_EQ(bout.FighterName(2, ensLastName), last_only);
+  }
 }
 
 // Fighter i has career stage i, conditioning 2+i, drawing power 4+i,
@@ -180,8 +159,7 @@ void FillBout(CBout& b) {
   b.SetWinner(2);
 }
 
-TEST(CBoutTest, RecordMatchesTheLayoutAndLeavesWagersAndWinnerOut) {
-  TempSettings env;
+TEST_F(CBoutTest, RecordMatchesTheLayoutAndLeavesWagersAndWinnerOut) {
   CBout bout;
   FillBout(bout);
   bout.SaveToFile(env.File("bout.bin"));
@@ -205,8 +183,7 @@ TEST(CBoutTest, RecordMatchesTheLayoutAndLeavesWagersAndWinnerOut) {
   EXPECT_EQ(loaded.Winner(), 0);
 }
 
-TEST(CBoutTest, CloneCopiesEverythingIntoTheTargetsOwnOptions) {
-  TempSettings env;
+TEST_F(CBoutTest, CloneCopiesEverythingOrOneFightersSettings) {
   CBout source;
   FillBout(source);
   source.Options()->SetRounds(15);
@@ -214,7 +191,7 @@ TEST(CBoutTest, CloneCopiesEverythingIntoTheTargetsOwnOptions) {
   CBout target;
   const auto options = target.Options();
   source.Clone(target);
-  EXPECT_EQ(target.Options(), options);
+  EXPECT_EQ(target.Options(), options);  // copied into the target's own options
   EXPECT_EQ(options->Rounds(), 15);
   EXPECT_EQ(target.Description(), "Joe Louis vs Max Baer");
   EXPECT_EQ(target.Wager(1), 500);
@@ -223,37 +200,29 @@ TEST(CBoutTest, CloneCopiesEverythingIntoTheTargetsOwnOptions) {
   EXPECT_EQ(target.Repeat(), 3);
   EXPECT_EQ(target.TrainerID(2), 200002);
   EXPECT_FLOAT_EQ(target.OddsModifier(), source.OddsModifier());
-}
 
-TEST(CBoutTest, CloneOfOneFighterMovesHisSettingsOnly) {
-  TempSettings env;
-  CBout source;
-  FillBout(source);
-  CBout target;
-  target.SetFighterLastName(1, "Stays");
-  target.SetRepeat(9);
-  target.SetWinner(1);
-  target.Options()->SetRounds(4);
-  source.Clone(target, int16_t{2}, int16_t{1});
-  EXPECT_EQ(target.FighterName(1), "Max Baer");
-  EXPECT_EQ(target.FighterID(1), 12);
-  EXPECT_EQ(target.Rating(1), 80);
-  EXPECT_EQ(target.Wager(1), 600);
-  EXPECT_EQ(target.CutManID(1), 100002);
-  EXPECT_EQ(target.FighterID(2), 0);
-  EXPECT_EQ(target.Repeat(), 9);
-  EXPECT_EQ(target.Winner(), 1);
-  EXPECT_EQ(target.Options()->Rounds(), 4);
-
+  CBout one;  // one fighter's settings move to the named corner, nothing else
+  one.SetRepeat(9);
+  one.SetWinner(1);
+  one.Options()->SetRounds(4);
+  source.Clone(one, int16_t{2}, int16_t{1});
+  EXPECT_EQ(one.FighterName(1), "Max Baer");
+  EXPECT_EQ(one.FighterID(1), 12);
+  EXPECT_EQ(one.Rating(1), 80);
+  EXPECT_EQ(one.Wager(1), 600);
+  EXPECT_EQ(one.CutManID(1), 100002);
+  EXPECT_EQ(one.FighterID(2), 0);
+  EXPECT_EQ(one.Repeat(), 9);
+  EXPECT_EQ(one.Winner(), 1);
+  EXPECT_EQ(one.Options()->Rounds(), 4);
   // One number alone names both positions; swapping corners within a bout.
-  source.Clone(target, int16_t{1});
-  EXPECT_EQ(target.FighterName(1), "Joe Louis");
+  source.Clone(one, int16_t{1});
+  EXPECT_EQ(one.FighterName(1), "Joe Louis");
   source.Clone(source, int16_t{1}, int16_t{2});
   EXPECT_EQ(source.FighterName(2), "Joe Louis");
 }
 
-TEST(CBoutTest, IndexOutsideOneAndTwoIsTheCallersFault) {
-  TempSettings env;
+TEST_F(CBoutTest, IndexOutsideOneAndTwoIsTheCallersFault) {
   CBout bout;
   bout.SetRating(1, 5);
   bout.SetRating(2, 6);

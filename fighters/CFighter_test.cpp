@@ -9,9 +9,12 @@
 #include "core/Error.h"
 #include "support/GameDatabaseFixture.h"
 #include "support/ListBoxDouble.h"
+#include "support/Raised.h"
 
 namespace ringbook {
 namespace {
+
+using test::Raised;
 
 // Which change flag a setter raises.
 enum class Flag { kProfile, kCareer, kNone };
@@ -94,34 +97,33 @@ TEST(CFighterTest, EverySetterStoresItsValueAndRaisesTheFlagOfItsSection) {
     EXPECT_EQ((f.*field.get)(), value);
   });
   CFighter f;
-  f.SetPicturePath("a.jpg");  // stored as given
-  EXPECT_EQ(f.PicturePath(), "a.jpg");
+  f.SetTraining(8);
+  f.SetID(10);
+  f.SetTitleIDs("|4|");
+  f.SetHistory(std::make_shared<CHistory>());
+  f.SetKor(11);
+  EXPECT_FALSE(f.Dirty());
+  EXPECT_FALSE(f.HasTitles());  // whatever the title keys say
+  EXPECT_EQ(f.Kor(), 11);       // reading it raises the profile flag
   EXPECT_TRUE(f.ProfileDirty());
+  EXPECT_FALSE(f.CareerDirty());
   CFighter g;
   g.SetPerformance(Variant("good"));
-  EXPECT_EQ(g.Performance(), Variant("good"));
-  EXPECT_TRUE(g.CareerDirty());
   EXPECT_FALSE(g.ProfileDirty());
+  EXPECT_TRUE(g.CareerDirty());
+  g.SetPicturePath("a.jpg");
+  EXPECT_TRUE(g.ProfileDirty());
 }
 
-TEST(CFighterTest, NewRecordIsEmptyAndClean) {
+TEST(CFighterTest, CareerFiguresAreWorkedInDoubleAndZeroWithoutBouts) {
   CFighter f;
-  EXPECT_EQ(f.TotalBouts(), 0);
+  // No bouts and no punches: 0, never a division by zero.
   EXPECT_EQ(f.AvgRounds(), 0.0f);
   EXPECT_EQ(f.KoPct(), 0.0f);
   EXPECT_EQ(f.WonLostPct(), 0.0f);
   EXPECT_EQ(f.PunchAccuracy(), 0.0f);
+  EXPECT_EQ(f.OpAccuracy(), 0.0f);
   EXPECT_EQ(f.Record(), "0 - 0 - 0");
-  EXPECT_EQ(f.Name(), "");
-  EXPECT_EQ(f.GroupID(), "0");
-  EXPECT_EQ(f.Tko(), 0);  // the floor of 1 applies only to what is set
-  EXPECT_TRUE(f.Performance().IsEmpty());
-  EXPECT_EQ(f.History(), nullptr);
-  EXPECT_FALSE(f.Dirty());
-}
-
-TEST(CFighterTest, CareerFractionsAreWorkedInDoubleAndRoundedToFloat) {
-  CFighter f;
   f.SetWon(3);
   f.SetLost(1);
   f.SetDraw(2);  // draws count in the divisor
@@ -133,41 +135,26 @@ TEST(CFighterTest, CareerFractionsAreWorkedInDoubleAndRoundedToFloat) {
   EXPECT_EQ(f.KoPct(), static_cast<float>(3.0 / 6.0));
   EXPECT_EQ(f.AvgRounds(), static_cast<float>(22.0 / 6.0));
   EXPECT_EQ(f.Record(), "3 - 1 - 2");
-}
-
-TEST(CFighterTest, AccuracyIsSixtyPercentOfTheLandedShare) {
-  CFighter f;
+  // Accuracy is 60 % of the landed share.
   f.SetTotalPl(60);
   f.SetTotalPm(40);
   EXPECT_EQ(f.PunchAccuracy(), static_cast<float>(0.6 - 0.6 * 0.4));
-  EXPECT_EQ(f.OpAccuracy(), 0.0f);
   f.SetOpTotalPl(1);
   f.SetOpTotalPm(2);
   const double a = 1.0 / 3.0;
   EXPECT_EQ(f.OpAccuracy(), static_cast<float>(a - a * 0.4));
-  // A sum of 0 or less gives 0, whatever the parts.
   f.SetTotalPl(5);
-  f.SetTotalPm(-10);
+  f.SetTotalPm(-10);  // a sum of 0 or less gives 0, whatever the parts
   EXPECT_EQ(f.PunchAccuracy(), 0.0f);
-}
-
-TEST(CFighterTest, SumsBeyondThe32BitRangeOverflow) {
-  CFighter f;
+  // Sums beyond the 32-bit range overflow.
   f.SetWon(std::numeric_limits<int32_t>::max());
-  f.SetLost(1);
-  try {
-    f.TotalBouts();
-    FAIL() << "no overflow";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kOverflow);
-  }
-  f.SetLost(0);
+  EXPECT_EQ(Raised([&] { f.TotalBouts(); }).Number(), errnum::kOverflow);
+  f.SetWon(0);
   f.SetKos(std::numeric_limits<int32_t>::max());
-  f.SetTkos(1);
   EXPECT_THROW(f.KoPct(), Error);
 }
 
-TEST(CFighterTest, NamesAreCutByCharactersThenTrimmed) {
+TEST(CFighterTest, NamesAreCutByCharactersThenTrimmedAndJoined) {
   CFighter f;
   f.SetFirstName("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmn");  // 40 characters
   EXPECT_EQ(f.FirstName(), "ABCDEFGHIJKLMNOPQRSTUVWXY");
@@ -181,51 +168,41 @@ TEST(CFighterTest, NamesAreCutByCharactersThenTrimmed) {
   EXPECT_EQ(f.NickName(), std::string(30, 'n'));
   EXPECT_TRUE(f.ProfileDirty());
   EXPECT_FALSE(f.CareerDirty());
-}
 
-TEST(CFighterTest, NameWithAndWithoutTheNickName) {
-  CFighter f;
-  f.SetFirstName("  Jack  ");
-  f.SetLastName("Dunn");
-  EXPECT_EQ(f.Name(), "Jack Dunn");
-  EXPECT_EQ(f.Name(true), f.Name());
-  f.SetNickName(" The Hammer ");
-  EXPECT_EQ(f.Name(), "Jack The Hammer Dunn");
-  EXPECT_EQ(f.Name(true), "Jack Dunn");
-  f.SetFirstName("");
-  EXPECT_EQ(f.Name(), "The Hammer Dunn");
-  EXPECT_EQ(f.Name(true), "Dunn");
-  f.SetLastName("");
-  f.SetNickName("");
-  EXPECT_EQ(f.Name(), "");
+  struct Case {
+    const char *first, *nick, *last, *full, *plain;
+  };
+  for (const Case& c :
+       {Case{"  Jack  ", "", "Dunn", "Jack Dunn", "Jack Dunn"},
+        Case{"Jack", " The Hammer ", "Dunn", "Jack The Hammer Dunn", "Jack Dunn"},
+        Case{"", "The Hammer", "Dunn", "The Hammer Dunn", "Dunn"}, Case{"", "", "", "", ""}}) {
+    f.SetFirstName(c.first);
+    f.SetNickName(c.nick);
+    f.SetLastName(c.last);
+    EXPECT_EQ(f.Name(), c.full);
+    EXPECT_EQ(f.Name(true), c.plain);
+  }
 }
 
 TEST(CFighterTest, SettersClampToTheirFloorsAndBytes) {
-  struct Case {
-    void (CFighter::*set)(int16_t);
-    int16_t (CFighter::*get)() const;
-    int16_t value;
-    int16_t stored;
-  };
-  const Case cases[] = {
-      {&CFighter::SetTko, &CFighter::Tko, 0, 1},  // a TKO floor of 1, not 0
-      {&CFighter::SetTko, &CFighter::Tko, -5, 1},
-      {&CFighter::SetCu, &CFighter::Cu, -3, 0},
-      {&CFighter::SetE10, &CFighter::E10, -1, 0},
-      {&CFighter::SetFi, &CFighter::Fi, -32768, 0},
-      {&CFighter::SetFo, &CFighter::Fo, -2, 0},
-      {&CFighter::SetKo, &CFighter::Ko, -9, 0},
-      {&CFighter::SetAgg, &CFighter::Agg, -4, -4},  // unclamped ratings keep negatives
-      {&CFighter::SetSex, &CFighter::Sex, 257, 1},  // one byte each
-      {&CFighter::SetSkinColor, &CFighter::SkinColor, -1, 255},
-      {&CFighter::SetSouthPaw, &CFighter::SouthPaw, 256, 0},
-  };
-  for (const Case& c : cases) {
+  const auto stored = [](void (CFighter::*set)(int16_t), int16_t (CFighter::*get)() const,
+                         int16_t value) {
     CFighter f;
-    (f.*c.set)(c.value);
-    EXPECT_EQ((f.*c.get)(), c.stored) << c.value;
+    (f.*set)(value);
     EXPECT_TRUE(f.ProfileDirty());
-  }
+    return (f.*get)();
+  };
+  EXPECT_EQ(stored(&CFighter::SetTko, &CFighter::Tko, 0), 1);  // a TKO floor of 1, not 0
+  EXPECT_EQ(stored(&CFighter::SetTko, &CFighter::Tko, -5), 1);
+  EXPECT_EQ(stored(&CFighter::SetCu, &CFighter::Cu, -3), 0);
+  EXPECT_EQ(stored(&CFighter::SetE10, &CFighter::E10, -1), 0);
+  EXPECT_EQ(stored(&CFighter::SetFi, &CFighter::Fi, -32768), 0);
+  EXPECT_EQ(stored(&CFighter::SetFo, &CFighter::Fo, -2), 0);
+  EXPECT_EQ(stored(&CFighter::SetKo, &CFighter::Ko, -9), 0);
+  EXPECT_EQ(stored(&CFighter::SetAgg, &CFighter::Agg, -4), -4);  // others keep negatives
+  EXPECT_EQ(stored(&CFighter::SetSex, &CFighter::Sex, 257), 1);  // one byte each
+  EXPECT_EQ(stored(&CFighter::SetSkinColor, &CFighter::SkinColor, -1), 255);
+  EXPECT_EQ(stored(&CFighter::SetSouthPaw, &CFighter::SouthPaw, 256), 0);
   // Every float rating stores anything not >= 0 as 0, NaN included.
   for (const auto& field : kFloatFields) {
     if (field.flag != Flag::kProfile) continue;
@@ -239,36 +216,17 @@ TEST(CFighterTest, SettersClampToTheirFloorsAndBytes) {
 
 TEST(CFighterTest, GroupIDConvertsTheFirst12Characters) {
   CFighter f;
+  EXPECT_EQ(f.GroupID(), "0");
   const std::pair<const char*, const char*> cases[] = {
       {"42", "42"}, {" 0007 ", "7"}, {"-3", "-3"}, {"000000000042999", "42"}};
   for (const auto& [text, stored] : cases) {
     f.SetGroupID(text);
     EXPECT_EQ(f.GroupID(), stored) << text;
   }
-  try {
-    f.SetGroupID("heavy");
-    FAIL() << "no type mismatch";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kTypeMismatch);
-  }
+  EXPECT_EQ(Raised([&] { f.SetGroupID("heavy"); }).Number(), errnum::kTypeMismatch);
   EXPECT_THROW(f.SetGroupID(""), Error);
   EXPECT_EQ(f.GroupID(), "42");  // a failed set changes nothing
   EXPECT_FALSE(f.Dirty());       // and no set raises a flag
-}
-
-TEST(CFighterTest, PlainFieldsRaiseNoFlagButReadingKorRaisesTheProfileFlag) {
-  CFighter f;
-  f.SetTraining(8);
-  f.SetID(10);
-  f.SetTitleIDs("|4|");
-  f.SetHistory(std::make_shared<CHistory>());
-  f.SetKor(11);
-  EXPECT_FALSE(f.Dirty());
-  EXPECT_EQ(f.Training(), 8);
-  EXPECT_FALSE(f.HasTitles());  // whatever the title keys say
-  EXPECT_EQ(f.Kor(), 11);
-  EXPECT_TRUE(f.ProfileDirty());
-  EXPECT_FALSE(f.CareerDirty());
 }
 
 CFighter MakeFighter() {
@@ -285,10 +243,8 @@ CFighter MakeFighter() {
   f.SetPicturePath("jack.jpg");
   f.SetPerformance(Variant(1.75));
   f.SetTitleIDs("|3|17|");
-  auto history = std::make_shared<CHistory>();
-  history->SetOpponent("Joe Bell");
-  history->SetLastRound(9);
-  f.SetHistory(history);
+  f.SetHistory(std::make_shared<CHistory>());
+  f.History()->SetOpponent("Joe Bell");
   return f;
 }
 
@@ -310,7 +266,7 @@ void ExpectSameSection(const CFighter& a, const CFighter& b, Flag section) {
   }
 }
 
-TEST(CFighterTest, CloneAllCopiesBothSectionsAndAFreshHistory) {
+TEST(CFighterTest, CloneAllCopiesBothSectionsThroughTheSetters) {
   const CFighter source = MakeFighter();
   CFighter target;
   source.Clone(target);  // the section defaults to both
@@ -320,7 +276,17 @@ TEST(CFighterTest, CloneAllCopiesBothSectionsAndAFreshHistory) {
   ASSERT_NE(target.History(), nullptr);
   EXPECT_NE(target.History(), source.History());  // a copy, not the same object
   EXPECT_EQ(target.History()->Opponent(), "Joe Bell");
-  EXPECT_EQ(target.History()->LastRound(), 9);
+
+  CFighter blank;  // a new record's Tko is 0, below the setter's floor
+  blank.SetWon(2);
+  auto own = std::make_shared<CHistory>();
+  target.SetHistory(own);
+  blank.Clone(target);
+  EXPECT_EQ(target.Tko(), 1);
+  EXPECT_TRUE(target.ProfileDirty());
+  EXPECT_TRUE(target.CareerDirty());
+  // Without a history of its own the source leaves the target's in place.
+  EXPECT_EQ(target.History(), own);
 }
 
 TEST(CFighterTest, CloneOfOneSectionLeavesTheOtherUntouched) {
@@ -351,69 +317,35 @@ TEST(CFighterTest, CloneOfOneSectionLeavesTheOtherUntouched) {
   EXPECT_FALSE(nothing.Dirty());
 }
 
-TEST(CFighterTest, CloneGoesThroughTheTargetsSetters) {
-  CFighter source;  // a new record's Tko is 0, below the setter's floor
-  source.SetWon(2);
-  CFighter target;
-  auto own = std::make_shared<CHistory>();
-  target.SetHistory(own);
-  source.Clone(target);
-  EXPECT_EQ(target.Tko(), 1);
-  EXPECT_TRUE(target.ProfileDirty());
-  EXPECT_TRUE(target.CareerDirty());
-  // Without a history of its own the source leaves the target's in place.
-  EXPECT_EQ(target.History(), own);
-  EXPECT_EQ(target.Won(), 2);
-}
+class CFighterTitlesTest : public test::GameDatabaseFixture {};
 
-// The titles a fighter holds, listed from the game database.
-class CFighterTitlesTest : public test::GameDatabaseFixture {
- protected:
-  void AddTitles() {
-    Sql("INSERT INTO Titles (TitleId, Name) VALUES (1, 'World'), (3, 'Commonwealth'),"
-        " (12, 'European'), (17, 'National')");
-  }
-  std::shared_ptr<test::ListBoxDouble> list_ = std::make_shared<test::ListBoxDouble>();
-};
-
-TEST_F(CFighterTitlesTest, NoTitlesShowsNoneAndNoBold) {
-  AddTitles();
-  list_->AddItem("stale");
-  list_->SetFontBold(true);
+TEST_F(CFighterTitlesTest, ListsHeldTitlesInQueryOrderOrNone) {
+  auto list = std::make_shared<test::ListBoxDouble>();
+  list->AddItem("stale");
+  list->SetFontBold(true);
   CFighter f;
-  f.FillListWithTitles(Variant(list_));
-  EXPECT_EQ(list_->Texts(), std::vector<std::string>{"None"});
-  EXPECT_FALSE(list_->FontBold());
-}
+  f.FillListWithTitles(Variant(list));
+  EXPECT_EQ(list->Texts(), std::vector<std::string>{"None"});
+  EXPECT_FALSE(list->FontBold());
 
-TEST_F(CFighterTitlesTest, ListsHeldTitlesInQueryOrderWithTheirKeys) {
-  AddTitles();
-  CFighter f;
-  f.SetTitleIDs("|17|3|");  // "|1|" is not held, though "1" occurs in "17"
-  f.FillListWithTitles(Variant(list_));
-  // "qryTitles" orders by name.
-  EXPECT_EQ(list_->Texts(), (std::vector<std::string>{"Commonwealth", "National"}));
-  EXPECT_EQ(list_->Data(), (std::vector<int32_t>{3, 17}));
-  EXPECT_TRUE(list_->FontBold());
-  EXPECT_EQ(list_->ClearCount(), 1);
-}
-
-TEST_F(CFighterTitlesTest, KeysThatMatchNoTitleLeaveTheListEmptyButBold) {
-  CFighter f;
   f.SetTitleIDs("|99|");
-  f.FillListWithTitles(Variant(list_));  // an empty title table
-  EXPECT_EQ(list_->ListCount(), 0);
-  EXPECT_TRUE(list_->FontBold());
-}
+  f.FillListWithTitles(Variant(list));  // an empty title table
+  EXPECT_EQ(list->ListCount(), 0);
+  EXPECT_TRUE(list->FontBold());
 
-TEST_F(CFighterTitlesTest, ListControlMustBeSet) {
-  CFighter f;
-  try {
-    f.FillListWithTitles(Variant(std::shared_ptr<IListControl>()));
-    FAIL() << "no error";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kObjectNotSet);
-  }
+  Sql("INSERT INTO Titles (TitleId, Name) VALUES (1, 'World'), (3, 'Commonwealth'),"
+      " (12, 'European'), (17, 'National')");
+  f.SetTitleIDs("|17|3|");  // "|1|" is not held, though "1" occurs in "17"
+  f.FillListWithTitles(Variant(list));
+  // "qryTitles" orders by name.
+  EXPECT_EQ(list->Texts(), (std::vector<std::string>{"Commonwealth", "National"}));
+  EXPECT_EQ(list->Data(), (std::vector<int32_t>{3, 17}));
+  EXPECT_TRUE(list->FontBold());
+  EXPECT_EQ(list->ClearCount(), 3);
+
+  EXPECT_EQ(
+      Raised([&] { f.FillListWithTitles(Variant(std::shared_ptr<IListControl>())); }).Number(),
+      errnum::kObjectNotSet);
   EXPECT_THROW(f.FillListWithTitles(Variant("list")), Error);
 }
 

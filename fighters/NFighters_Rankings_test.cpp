@@ -7,11 +7,13 @@
 #include "fighters/NFighters.h"
 #include "support/FighterFixture.h"
 #include "support/ListBoxDouble.h"
+#include "support/Raised.h"
 
 namespace ringbook {
 namespace {
 
 using test::ListBoxDouble;
+using test::Raised;
 using Texts = std::vector<std::string>;
 
 // Group 5, division 2: Able (3.5 points), Best (2.25 points, titles 3 and
@@ -44,17 +46,14 @@ class NFightersRankingTest : public test::FighterFixture {
   int32_t able_ = 0, best_ = 0, cole_ = 0, dunn_ = 0;
 };
 
-TEST_F(NFightersRankingTest, RankingByPerformancePointsLeavesTitleHoldersWithoutPointsUnranked) {
+TEST_F(NFightersRankingTest, RankingListsByPointsOrTitlesLeaveFightersWithoutPointsUnranked) {
   NFighters fighters;
   EXPECT_EQ(fighters.GetRankingList(5, 2, SortByPerfPoints),
             "\t1\t3.50\tAnn Able\t7\tSlugger\t\r\n"
             "\t2\t2.25\tBen Best\t12\tBoxer\tWorld, Continental\r\n"
             "\tUR\t\tCal Cole\t9\tBoxer-puncher\t\r\n"
             "\tUR\t\tDan Dunn\t-1\tSwarmer\tWorld\r\n");
-}
-
-TEST_F(NFightersRankingTest, RankingByTitlesPutsTitleHoldersFirst) {
-  NFighters fighters;
+  // By titles, title holders come first and are ranked without points.
   EXPECT_EQ(fighters.GetRankingList(5, 2),
             "\t1\t2.25\tBen Best\t12\tBoxer\tWorld, Continental\r\n"
             "\t2\t\tDan Dunn\t-1\tSwarmer\tWorld\r\n"
@@ -76,38 +75,32 @@ TEST_F(NFightersRankingTest, RankingsRecordsetByQueryAndNoneForAnUnknownSort) {
                                        "FighterID", "NumTitles", "TitleIDs"}));
 
   EXPECT_EQ(fighters.RankingsRS(5, 2, static_cast<ESortRankings>(2)), nullptr);
-  try {
-    fighters.GetRankingList(5, 2, static_cast<ESortRankings>(2));
-    ADD_FAILURE() << "an unknown sort gave a ranking";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kObjectNotSet);
-  }
+  EXPECT_EQ(Raised([&] { fighters.GetRankingList(5, 2, static_cast<ESortRankings>(2)); }).Number(),
+            errnum::kObjectNotSet);
 }
 
 TEST_F(NFightersRankingTest, ARankedFighterAfterAnUnrankedOneIsATypeMismatch) {
   Sql("UPDATE StoredQueries SET SQL = replace(SQL, 'ORDER BY Performance IS NULL', "
       "'ORDER BY Performance IS NOT NULL') WHERE Name = 'qryRankedFighters'");
   NFighters fighters;
-  try {
-    fighters.GetRankingList(5, 2, SortByPerfPoints);
-    ADD_FAILURE() << "the rank counted on from \"UR\"";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kTypeMismatch);
-  }
+  EXPECT_EQ(Raised([&] { fighters.GetRankingList(5, 2, SortByPerfPoints); }).Number(),
+            errnum::kTypeMismatch);  // the rank cannot count on from "UR"
 }
 
 TEST_F(NFightersRankingTest, ListLinesForRatingsRankingsAndNames) {
   NFighters fighters;
+  EXPECT_NO_THROW(fighters.FillList());  // nothing bound: nothing done
+  EXPECT_NO_THROW(fighters.FillList(Variant(std::shared_ptr<Object>()), 5, 2, true));
+  EXPECT_EQ(UtilityDouble().prepared, 0);
+
   auto list = std::make_shared<ListBoxDouble>();
   fighters.FillList(list, 5, 2, true);
   EXPECT_EQ(list->Texts(),
             (Texts{"Ann Able\t  7", "Ben Best\t12", "Cal Cole\t  9", "Dan Dunn\t-1"}));
   EXPECT_EQ(list->Data(), (std::vector<int32_t>{able_, best_, cole_, dunn_}));
   EXPECT_EQ(list->RefreshCount(), 1);
-
   fighters.FillList(Variant(), 5, 2);
   EXPECT_EQ(list->Texts(), (Texts{"Ann Able", "Ben Best", "Cal Cole", "Dan Dunn"}));
-
   // The rankings view wins over the ratings.
   fighters.FillList(Variant(), 5, 2, true, 0, true);
   EXPECT_EQ(
@@ -115,32 +108,19 @@ TEST_F(NFightersRankingTest, ListLinesForRatingsRankingsAndNames) {
       (Texts{"\t3.50\tAnn Able\t7\tSlugger\tActive", "\t2.25\tBen Best\t12\tBoxer\tRetired",
              "\t\tCal Cole\t9\tBoxer-puncher\tActive", "\t\tDan Dunn\t-1\tSwarmer\tRetired"}));
   EXPECT_EQ(list->ClearCount(), 3);
-}
+  // The proficiency filter chooses a band of the lookup.
+  fighters.FillList(list, 5, 2, false, 2);  // proficiency 25 to 49
+  EXPECT_EQ(list->Texts(), (Texts{"Ann Able", "Cal Cole"}));
+  fighters.FillList(list, 5, 2, false, 4);  // 75 and above
+  EXPECT_EQ(list->Texts(), (Texts{"Dan Dunn"}));
 
-TEST_F(NFightersRankingTest, OtherControlsAreTaggedInItemTag) {
-  NFighters fighters;
+  // Other controls get their keys in ItemTag.
   auto grid = std::make_shared<ListBoxDouble>(false);
   fighters.FillList(grid, 5, 2, false, 0, true);
   ASSERT_EQ(grid->ListCount(), 4);
   EXPECT_EQ(grid->ItemTag(0).ToLong(), able_);
   EXPECT_EQ(grid->ItemTag(3).ToLong(), dunn_);
   EXPECT_EQ(grid->Data(), (std::vector<int32_t>{0, 0, 0, 0}));
-}
-
-TEST_F(NFightersRankingTest, TheProficiencyFilterChoosesABandOfTheLookup) {
-  NFighters fighters;
-  auto list = std::make_shared<ListBoxDouble>();
-  fighters.FillList(list, 5, 2, false, 2);  // proficiency 25 to 49
-  EXPECT_EQ(list->Texts(), (Texts{"Ann Able", "Cal Cole"}));
-  fighters.FillList(list, 5, 2, false, 4);  // 75 and above
-  EXPECT_EQ(list->Texts(), (Texts{"Dan Dunn"}));
-}
-
-TEST_F(NFightersRankingTest, FillListWithNothingBoundDoesNothing) {
-  NFighters fighters;
-  EXPECT_NO_THROW(fighters.FillList());
-  EXPECT_NO_THROW(fighters.FillList(Variant(std::shared_ptr<Object>()), 5, 2, true));
-  EXPECT_EQ(UtilityDouble().prepared, 0);
 }
 
 }  // namespace

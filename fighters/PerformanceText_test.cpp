@@ -5,36 +5,24 @@
 namespace ringbook {
 namespace {
 
-TEST(PerformanceTextTest, TwoToThreeDecimalsWithoutALeadingZero) {
-  EXPECT_EQ(PerformanceText(0.5), ".50");
-  EXPECT_EQ(PerformanceText(12.3456), "12.346");
-  EXPECT_EQ(PerformanceText(3.5), "3.50");
-  EXPECT_EQ(PerformanceText(2.25), "2.25");
-  EXPECT_EQ(PerformanceText(1.125), "1.125");
-  EXPECT_EQ(PerformanceText(0.0), ".00");
-  EXPECT_EQ(PerformanceText(int32_t{7}), "7.00");
-  EXPECT_EQ(PerformanceText(1234567.0), "1234567.00");
-}
-
-TEST(PerformanceTextTest, RoundsHalfAwayFromZeroOnTheDecimalDigits) {
-  // 0.0005 and 9.9995 are not exact in binary; the 15-digit decimal form is
-  // what is rounded, so both go up.
-  EXPECT_EQ(PerformanceText(0.0005), ".001");
-  EXPECT_EQ(PerformanceText(9.9995), "10.00");
-  EXPECT_EQ(PerformanceText(99.99951), "100.00");
-  EXPECT_EQ(PerformanceText(0.0004), ".00");
-  EXPECT_EQ(PerformanceText(-2.0005), "-2.001");
-  // A float stored in a Double column keeps its binary tail; 15 digits hide it.
-  EXPECT_EQ(PerformanceText(static_cast<double>(3.3f)), "3.30");
-}
-
-TEST(PerformanceTextTest, SignOnlyForFiguresThatDoNotRoundToZero) {
-  EXPECT_EQ(PerformanceText(-0.5), "-.50");
-  EXPECT_EQ(PerformanceText(-0.0001), ".00");
-  EXPECT_EQ(PerformanceText(-0.0), ".00");
+TEST(PerformanceTextTest, TwoToThreeDecimalsWithoutALeadingZeroRoundedHalfAwayFromZero) {
+  // clang-format off
+  const std::pair<double, const char*> cases[] = {
+      {0.5, ".50"}, {12.3456, "12.346"}, {3.5, "3.50"}, {1.125, "1.125"}, {0.0, ".00"},
+      {1234567.0, "1234567.00"},
+      // Not exact in binary: the 15-digit decimal form is what is rounded.
+      {0.0005, ".001"}, {9.9995, "10.00"}, {99.99951, "100.00"}, {0.0004, ".00"},
+      {-2.0005, "-2.001"},
+      // A float stored in a Double column keeps its binary tail; 15 digits hide it.
+      {static_cast<double>(3.3f), "3.30"},
+      // A sign only for figures that do not round to zero.
+      {-0.5, "-.50"}, {-0.0001, ".00"}, {-0.0, ".00"}};
+  // clang-format on
+  for (const auto& [value, text] : cases) EXPECT_EQ(PerformanceText(value), text) << value;
 }
 
 TEST(PerformanceTextTest, NoValueIsEmptyAndTextIsReadAsANumberWhenItIsOne) {
+  EXPECT_EQ(PerformanceText(int32_t{7}), "7.00");
   EXPECT_EQ(PerformanceText(Variant::Null()), "");
   EXPECT_EQ(PerformanceText(Variant()), "");
   EXPECT_EQ(PerformanceText(Variant(" 4.5")), "4.50");
