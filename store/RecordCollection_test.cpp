@@ -367,14 +367,17 @@ TEST_F(RecordCollectionTest, UnknownIdsActOnTheCurrentRowAndSetItemIgnoresItsId)
 
 TEST_F(RecordCollectionTest, ReadingConvertsEveryColumnThroughText) {
   Sql("INSERT INTO Locations (LocationID, Arena, City, Country, Era, PriceIndex, SiteRating)"
-      " VALUES (5, 'A', NULL, 'X', 3, '12', 7.5), (6, 'B', 'C', 'D', NULL, 1, 1)");
+      " VALUES (5, 'A', NULL, 'X', 3, '12', 7.5), (6, 'B', 'C', 'D', NULL, 1, 1),"
+      " (7, 'B', 'C', 'D', 1, NULL, 1)");
   NLocations locations;
   auto a = locations.Item(5);
   EXPECT_EQ(a->City(), "");  // a Null text reads as the empty text
   EXPECT_EQ(a->PriceIndex(), 12);
   EXPECT_EQ(a->SiteRating(), 8);  // rounded half to even
   EXPECT_EQ(a->Name(), "A X");
+  // A Null number fails the read, as an Integer and as a Long.
   EXPECT_EQ(Raised([&] { locations.Item(6); }).Number(), errnum::kTypeMismatch);
+  EXPECT_EQ(Raised([&] { locations.Item(7); }).Number(), errnum::kTypeMismatch);
 }
 
 TEST_F(RecordCollectionTest, FillListAndBindingFollowTheControlArgument) {

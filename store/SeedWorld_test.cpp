@@ -181,6 +181,7 @@ TEST_F(SeedWorldTest, CreatesTheWorldWithEveryDefaultRowByTheGameRules) {
                                     "World " + std::string(kStandardDivisions[i]) + " Title");
   }
   EXPECT_EQ(Stored("Titles", {"TitleId", "Name"}), titles);
+  EXPECT_EQ(titles.find("1|World Minimumweight Title\n"), 0u);
   EXPECT_NE(titles.find("\n17|World Heavyweight Title"), std::string::npos);
 }
 
