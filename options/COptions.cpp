@@ -76,8 +76,10 @@ void CloneInto(const std::shared_ptr<T>& source, std::shared_ptr<T>& target) {
   source->Clone(*target);
 }
 
-// Copies row `id` of `collection` into `target` (made when missing). A
-// failure, such as a table without rows, leaves `target` as it was.
+// Copies row `id` of `collection` into `target` (made when missing), fetched
+// with the collection's `Item`: an unknown ID copies whatever row is current,
+// as `Item` does for the host. A failure, such as a table without rows,
+// leaves `target` as it was.
 template <class Collection, class Record>
 void CopyItem(Collection& collection, int32_t id, std::shared_ptr<Record>& target) {
   try {
