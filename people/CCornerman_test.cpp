@@ -6,6 +6,7 @@ namespace ringbook {
 namespace {
 
 using C = CCornerman;
+// The ten ratings, each getter at the index of its setter.
 constexpr int16_t (C::*kRatings[])() const = {
     &C::CloseCuts,       &C::Discipline,     &C::Era,      &C::Motivate,
     &C::ReduceSwelling,  &C::Specialty,      &C::Strategy, &C::TrainingOffense,
