@@ -2,10 +2,12 @@
 
 #include <ostream>
 #include <utility>
+#include <vector>
 
 #include "core/Error.h"
 #include "engine/CFighterInFight.h"
 #include "options/COptions.h"
+#include "support/Raised.h"
 #include "support/ScriptedDice.h"
 #include "support/TempSettings.h"
 
@@ -16,12 +18,9 @@ using test::ScriptedDiceScope;
 
 // A mid-table fighter whose every adjusted rating has room to move both ways.
 void SetBaseline(CFighter& fr) {
-  for (auto set : {&CFighter::SetPl, &CFighter::SetCp, &CFighter::SetHp, &CFighter::SetDefn,
-                   &CFighter::SetE10}) {
-    (fr.*set)(10);
-  }
-  for (auto set : {&CFighter::SetKdr1, &CFighter::SetKdr2, &CFighter::SetKor, &CFighter::SetKi,
-                   &CFighter::SetCfb, &CFighter::SetCfs}) {
+  using C = CFighter;
+  for (auto set : {&C::SetPl, &C::SetCp, &C::SetHp, &C::SetDefn, &C::SetE10}) (fr.*set)(10);
+  for (auto set : {&C::SetKdr1, &C::SetKdr2, &C::SetKor, &C::SetKi, &C::SetCfb, &C::SetCfs}) {
     (fr.*set)(5);
   }
   fr.SetTko(3);
@@ -43,6 +42,17 @@ Moved MovedFrom(const CFighter& fr) {
   return {fr.Pl() - 10,  fr.Cp() - 10, fr.Hp() - 10, fr.Defn() - 10, fr.E10() - 10, fr.Kdr1() - 5,
           fr.Kdr2() - 5, fr.Kor() - 5, fr.Ki() - 5,  fr.Tko() - 3,   fr.Cfb() - 5,  fr.Cfs() - 5};
 }
+
+// A baseline fighter and dice that must roll exactly `rolls`.
+struct Camp {
+  explicit Camp(const std::vector<int32_t>& rolls) {
+    SetBaseline(*f.FR());
+    for (int32_t roll : rolls) dice->Then(roll);
+  }
+  Moved moved() const { return MovedFrom(*f.FR()); }
+  ScriptedDiceScope dice;
+  CFighterInFight f;
+};
 
 // ---- The chain ----
 
@@ -81,65 +91,44 @@ TEST_F(ChainTest, RunsEveryStepInOrder) {
       .Then(100);           // the fighter's own conditioning does not help
 
   me.MakePrefightAdjustments(opponent, options);
-  EXPECT_EQ(MovedFrom(*me.FR()), (Moved{.pl = 1 - 2 - 2,
-                                        .cp = -2 - 2,
-                                        .hp = -1,
-                                        .defn = 1 + 2,
-                                        .e10 = 1 - 1,
-                                        .kdr1 = 1,
-                                        .kdr2 = 1,
-                                        .ki = 1,
-                                        .tko = 1,
-                                        .cfb = -1 - 1,
-                                        .cfs = -1 - 1}));
+  // Training, career, south-paw, condition, referee, weight class in turn.
+  Moved want = {.pl = 1 - 2 - 2, .cp = -2 - 2, .hp = -1, .defn = 1 + 2, .e10 = 1 - 1};
+  want.kdr1 = want.kdr2 = want.ki = want.tko = 1;
+  want.cfb = want.cfs = -1 - 1;
+  EXPECT_EQ(MovedFrom(*me.FR()), want);
   EXPECT_EQ(MovedFrom(*opponent.FR()), Moved{});  // only read
 }
 
-TEST_F(ChainTest, SkipTrainingSkipsOnlyTheCamp) {
+TEST_F(ChainTest, SkipTrainingSkipsOnlyTheCampAndWeightClassNeedsTheOption) {
   ScriptedDiceScope dice;
   me.SetTraining(etfOffense);
   me.Trainer()->SetTrainingOffense(9);
   me.SetCondition(ecnSharp);          // E10 + 1, no roll of its own
   options.Referee()->SetStoppage(0);  // Tko + 1
+  me.FR()->SetDivision(5);            // heavier, but the options leave it be
   dice->Then(1);                      // the discipline roll only: no camp roll
   me.MakePrefightAdjustments(opponent, options, true);
   EXPECT_EQ(MovedFrom(*me.FR()), (Moved{.e10 = 1, .tko = 1}));
 }
 
 TEST_F(ChainTest, ConditioningRunsUnlessTheCornersDisciplineSparesIt) {
-  me.SetCondition(ecnSharp);  // E10 + 1 each time the adjustment runs
-  me.CutMan()->SetDiscipline(20);
-  me.Trainer()->SetDiscipline(5);  // the better of the two counts: 3 x 20 = 60
+  me.SetCondition(ecnSharp);       // E10 + 1 each time the adjustment runs
+  me.CutMan()->SetDiscipline(20);  // the better of the two counts: 3 % a point
   struct Case {
     int32_t use_conditioning;
+    int16_t trainer_discipline;
     int roll;  // 0: no discipline roll expected
     int e10;
   };
-  for (const Case c : {Case{-1, 60, 10}, Case{-1, 61, 11}, Case{0, 0, 12}, Case{7, 0, 13}}) {
+  for (const Case c : {Case{-1, 5, 60, 10}, Case{-1, 5, 61, 11}, Case{0, 5, 0, 12},
+                       Case{7, 5, 0, 13}, Case{-1, 34, 100, 13}}) {  // 34: spared whatever the roll
     ScriptedDiceScope dice;
     me.SetUseConditioning(c.use_conditioning);
+    me.Trainer()->SetDiscipline(c.trainer_discipline);
     if (c.roll != 0) dice->Then(c.roll);
     me.MakePrefightAdjustments(opponent, options);
     EXPECT_EQ(me.FR()->E10(), c.e10) << "roll " << c.roll;
   }
-  // A discipline of 34 or more spares it whatever the roll.
-  ScriptedDiceScope dice;
-  me.SetUseConditioning(-1);
-  me.Trainer()->SetDiscipline(34);
-  dice->Then(100);
-  me.MakePrefightAdjustments(opponent, options);
-  EXPECT_EQ(me.FR()->E10(), 13);
-}
-
-TEST_F(ChainTest, WeightClassOnlyWhenTheOptionsSaySo) {
-  ScriptedDiceScope dice;
-  me.SetUseConditioning(0);
-  me.FR()->SetDivision(5);
-  me.MakePrefightAdjustments(opponent, options);
-  EXPECT_EQ(me.FR()->Defn(), 10);
-  options.SetAdjWeightClass(true);
-  me.MakePrefightAdjustments(opponent, options);
-  EXPECT_EQ(me.FR()->Defn(), 14);
 }
 
 TEST_F(ChainTest, MissingRefereeFailsAfterTheEarlierSteps) {
@@ -147,12 +136,8 @@ TEST_F(ChainTest, MissingRefereeFailsAfterTheEarlierSteps) {
   me.SetUseConditioning(0);
   me.SetCondition(ecnSharp);
   options.SetReferee(nullptr);
-  try {
-    me.MakePrefightAdjustments(opponent, options);
-    FAIL() << "no error";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kObjectNotSet);
-  }
+  EXPECT_EQ(test::Raised([&] { me.MakePrefightAdjustments(opponent, options); }).Number(),
+            errnum::kObjectNotSet);
   EXPECT_EQ(me.FR()->E10(), 11);  // conditioning, made before, stays made
 }
 
@@ -170,7 +155,7 @@ TEST(RefereeAdjustmentTest, StoppageMovesTkoAndTheRecordKeepsItAtLeastOne) {
 TEST(SouthPawAdjustmentTest, OnlyTheOrthodoxFighterFacingASouthPawLoses) {
   ScriptedDiceScope dice;
   CFighterInFight f;
-  for (const auto [roll, loss] : {std::pair{20, 1}, std::pair{21, 2}}) {
+  for (const auto& [roll, loss] : {std::pair{20, 1}, std::pair{21, 2}}) {
     SetBaseline(*f.FR());
     dice->Then(roll);
     f.AdjustForSouthPaw(roll == 20 ? 1 : 255);
@@ -195,15 +180,11 @@ TEST(WeightClassAdjustmentTest, TheHigherDivisionGivesWay) {
   f.FR()->SetDivision(5);
   f.FR()->SetCfb(6);
   f.FR()->SetCfs(2);
-  f.AdjustForWeightClass(3);  // d = 2; Cfs 2 - 2 = 0 is raised to 1
-  EXPECT_EQ(MovedFrom(*f.FR()), (Moved{.pl = -4,
-                                       .cp = -4,
-                                       .hp = -2,
-                                       .defn = 4,
-                                       .kdr1 = 2,
-                                       .kdr2 = 2,
-                                       .cfb = 6 - 2 - 5,
-                                       .cfs = 1 - 5}));
+  f.AdjustForWeightClass(3);  // d = 2; Cfb 6 - 2 = 4, Cfs 2 - 2 = 0 is raised to 1
+  Moved heavier = {.pl = -4, .cp = -4, .hp = -2, .defn = 4, .kdr1 = 2, .kdr2 = 2};
+  heavier.cfb = 4 - 5;
+  heavier.cfs = 1 - 5;
+  EXPECT_EQ(MovedFrom(*f.FR()), heavier);
 
   SetBaseline(*f.FR());
   f.AdjustForWeightClass(5);  // the lighter side
@@ -213,12 +194,7 @@ TEST(WeightClassAdjustmentTest, TheHigherDivisionGivesWay) {
   // Past the 16-bit range: the runtime's overflow, earlier changes kept.
   f.FR()->SetDivision(4);
   f.FR()->SetDefn(32766);
-  try {
-    f.AdjustForWeightClass(3);
-    FAIL() << "no error";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kOverflow);
-  }
+  EXPECT_EQ(test::Raised([&] { f.AdjustForWeightClass(3); }).Number(), errnum::kOverflow);
   EXPECT_EQ(f.FR()->Kdr2(), 6);
 }
 
@@ -234,7 +210,7 @@ TEST(TrainingAdjustmentTest, TrainerGradeCampRollAndHostStepsSetTheGains) {
     Moved moved;
   };
   const Case cases[] = {
-      // The documented example: a grade-2 trainer and a good camp.
+      // A grade-2 trainer and a good camp.
       {etfOffense, 7, 95, 0, 3, {.pl = 1, .cp = 1, .hp = 1}},
       {etfBalanced, 4, 10, 0, 0, {}},  // a bad camp wipes out the one step
       {etfBalanced, 4, 11, 0, 1, {.pl = 1}},
@@ -245,18 +221,15 @@ TEST(TrainingAdjustmentTest, TrainerGradeCampRollAndHostStepsSetTheGains) {
       {etfDefense, 10, 100, 4, 3, {.defn = 1, .kdr1 = -1, .kdr2 = -1}},
   };
   for (const Case& c : cases) {
-    ScriptedDiceScope dice;
-    CFighterInFight f;
-    SetBaseline(*f.FR());
-    f.SetTraining(c.focus);
-    f.Trainer()->SetTrainingOffense(c.focus == etfOffense ? c.trainer : 0);
-    f.Trainer()->SetTrainingDefense(c.focus == etfDefense ? c.trainer : 0);
-    f.Trainer()->SetTrainingAverage(c.focus == etfBalanced ? c.trainer : 0);
-    dice->Then(c.camp);
+    Camp b({c.camp});
+    b.f.SetTraining(c.focus);
+    b.f.Trainer()->SetTrainingOffense(c.focus == etfOffense ? c.trainer : 0);
+    b.f.Trainer()->SetTrainingDefense(c.focus == etfDefense ? c.trainer : 0);
+    b.f.Trainer()->SetTrainingAverage(c.focus == etfBalanced ? c.trainer : 0);
     int16_t v = c.host;
-    f.AdjustForTraining(v);
+    b.f.AdjustForTraining(v);
     EXPECT_EQ(v, c.steps) << "focus " << c.focus << " camp " << c.camp;
-    EXPECT_EQ(MovedFrom(*f.FR()), c.moved) << "focus " << c.focus << " camp " << c.camp;
+    EXPECT_EQ(b.moved(), c.moved) << "focus " << c.focus << " camp " << c.camp;
   }
 }
 
@@ -265,7 +238,7 @@ TEST(TrainingAdjustmentTest, HardCampRisksOvertrainingAndAnUnknownFocusIsNoCamp)
   CFighterInFight f;
   f.SetTraining(etfHardCamp);
   f.Trainer()->SetTrainingAverage(6);  // 2 steps, and 1 for the hard camp
-  for (const auto [overtraining, e10] : {std::pair{20, 1 - 2}, std::pair{21, 1}}) {
+  for (const auto& [overtraining, e10] : {std::pair{20, 1 - 2}, std::pair{21, 1}}) {
     SetBaseline(*f.FR());
     dice->Then(50).Then(overtraining);
     int16_t v = 0;
@@ -283,51 +256,32 @@ TEST(TrainingAdjustmentTest, HardCampRisksOvertrainingAndAnUnknownFocusIsNoCamp)
   EXPECT_EQ(dice->Rolled(), 4);
 }
 
-TEST(TrainingAdjustmentTest, RatingsStayInsideTheirBands) {
-  ScriptedDiceScope dice;
-  CFighterInFight f;
-  f.SetTraining(etfDefense);
-  f.Trainer()->SetTrainingDefense(9);
-  f.FR()->SetKdr1(1);  // already as hard to drop as the scale allows
-  f.FR()->SetKdr2(0);  // outside the scale: left alone
-  dice->Then(50);
-  int16_t v = 0;
-  f.AdjustForTraining(v);
-  EXPECT_EQ(f.FR()->Kdr1(), 1);
-  EXPECT_EQ(f.FR()->Kdr2(), 0);
-  EXPECT_EQ(f.FR()->Defn(), 1);
-}
-
 // ---- Career stage ----
 
 TEST(CareerStageAdjustmentTest, EachStageAndTheTrainersMotivation) {
   struct Case {
     int16_t stage;
     int16_t motivate;
-    int32_t roll;  // 0: no roll expected (the stage has no penalty)
+    std::vector<int32_t> rolls;  // none when the stage has no penalty
     Moved moved;
   };
   const Case cases[] = {
-      {ecsNovice, 0, 1, {.pl = -1, .defn = -1, .e10 = 1, .kdr1 = 1, .ki = -1}},
-      {ecsRising, 0, 0, {.e10 = 1, .ki = 1}},
-      {12, 0, 0, {}},  // not a stage
-      // The documented example: Motivate 6 (30 %) and a roll of 42.
-      {ecsVeteran, 6, 42, {.defn = 1, .e10 = -1, .kor = 1}},
-      {ecsVeteran, 6, 30, {.defn = 1}},                                // spared: the bonus stays
-      {ecsFaded, 40, 51, {.pl = -1, .e10 = -2, .kdr1 = 1, .kor = 2}},  // capped at 50 %
-      {ecsFaded, 40, 50, {}},
+      {ecsRising, 0, {}, {.e10 = 1, .ki = 1}},
+      {12, 0, {}, {}},  // not a stage
+      // Motivate 6 spares the penalties at 30 % or less.
+      {ecsVeteran, 6, {31}, {.defn = 1, .e10 = -1, .kor = 1}},
+      {ecsVeteran, 6, {30}, {.defn = 1}},                                // spared: the bonus stays
+      {ecsFaded, 40, {51}, {.pl = -1, .e10 = -2, .kdr1 = 1, .kor = 2}},  // capped at 50 %
+      {ecsFaded, 40, {50}, {}},
   };
   for (const Case& c : cases) {
-    ScriptedDiceScope dice;
-    CFighterInFight f;
-    SetBaseline(*f.FR());
-    f.SetCareer(c.stage);
-    f.Trainer()->SetMotivate(c.motivate);
-    if (c.roll != 0) dice->Then(c.roll);
+    Camp b(c.rolls);
+    b.f.SetCareer(c.stage);
+    b.f.Trainer()->SetMotivate(c.motivate);
     Variant v;
-    f.AdjustForCareerStage(v);
+    b.f.AdjustForCareerStage(v);
     EXPECT_EQ(v.ToInteger(), c.stage);
-    EXPECT_EQ(MovedFrom(*f.FR()), c.moved) << "stage " << c.stage << " roll " << c.roll;
+    EXPECT_EQ(b.moved(), c.moved) << "stage " << c.stage << " motivate " << c.motivate;
   }
 }
 
@@ -357,35 +311,42 @@ TEST(ConditioningAdjustmentTest, ConditionRowsAndTheFightersOwnHabits) {
   struct Case {
     int32_t condition;
     int16_t conditioning;
-    int32_t roll;  // 0: no roll expected
+    std::vector<int32_t> rolls;
     Moved moved;
     int16_t cf_modifier;
   };
   const Case cases[] = {
-      // The documented example: Conditioning 8 (40 %), roll 25: halved.
-      {ecnPoor, 8, 25, {.e10 = -1}, -1},
-      {ecnPoor, 8, 41, {.pl = -1, .defn = -1, .e10 = -3, .kdr1 = 1}, -2},
-      {ecnDrained, 0, 1, {.hp = -1, .e10 = -2, .kdr1 = 1, .kor = 1}, -1},
-      {ecnSharp, 0, 0, {.e10 = 1}, 1},
-      {ecnNormal, 20, 51, {.e10 = -1}, 0},  // capped at 50 %
-      {9, 0, 0, {}, 0},
+      // Conditioning 8 halves the penalties at 40 % or less.
+      {ecnPoor, 8, {40}, {.e10 = -1}, -1},
+      {ecnPoor, 8, {41}, {.pl = -1, .defn = -1, .e10 = -3, .kdr1 = 1}, -2},
+      {ecnSharp, 0, {}, {.e10 = 1}, 1},
+      {ecnNormal, 20, {51}, {.e10 = -1}, 0},  // capped at 50 %
+      {9, 0, {}, {}, 0},
   };
   for (const Case& c : cases) {
-    ScriptedDiceScope dice;
-    CFighterInFight f;
-    SetBaseline(*f.FR());
-    f.FR()->SetConditioning(c.conditioning);
-    f.SetCondition(c.condition);
-    if (c.roll != 0) dice->Then(c.roll);
-    f.AdjustForConditioning();
-    EXPECT_EQ(MovedFrom(*f.FR()), c.moved) << "condition " << c.condition << " roll " << c.roll;
-    EXPECT_EQ(f.CfModifier(), c.cf_modifier) << "condition " << c.condition;
+    Camp b(c.rolls);
+    b.f.FR()->SetConditioning(c.conditioning);
+    b.f.SetCondition(c.condition);
+    b.f.AdjustForConditioning();
+    EXPECT_EQ(b.moved(), c.moved) << "condition " << c.condition;
+    EXPECT_EQ(b.f.CfModifier(), c.cf_modifier) << "condition " << c.condition;
   }
 }
 
-TEST(ConditioningAdjustmentTest, EffectsStayBounded) {
+TEST(PrefightAdjustmentTest, RatingsStayInsideTheirBands) {
   ScriptedDiceScope dice;
   CFighterInFight f;
+  f.SetTraining(etfDefense);
+  f.Trainer()->SetTrainingDefense(9);
+  f.FR()->SetKdr1(1);  // already as hard to drop as the scale allows
+  f.FR()->SetKdr2(0);  // outside the scale: left alone
+  dice->Then(50);
+  int16_t v = 0;
+  f.AdjustForTraining(v);
+  EXPECT_EQ(f.FR()->Kdr1(), 1);
+  EXPECT_EQ(f.FR()->Kdr2(), 0);
+  EXPECT_EQ(f.FR()->Defn(), 1);
+
   f.FR()->SetE10(2);
   f.FR()->SetKdr1(10);
   f.SetCfModifier(-4);

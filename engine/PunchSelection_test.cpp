@@ -17,43 +17,17 @@ using test::ScriptedDiceScope;
 
 // Ratings in the walking order: J3, J2, H3, H2, Cr3, Cr2, Cb3, Cb2, U3, U2.
 void SetPunches(CFighter& fr, const std::array<float, 10>& r) {
-  fr.SetJ3(r[0]);
-  fr.SetJ2(r[1]);
-  fr.SetH3(r[2]);
-  fr.SetH2(r[3]);
-  fr.SetCr3(r[4]);
-  fr.SetCr2(r[5]);
-  fr.SetCb3(r[6]);
-  fr.SetCb2(r[7]);
-  fr.SetU3(r[8]);
-  fr.SetU2(r[9]);
-}
-
-constexpr int32_t kTop = 10000;
-
-TEST(PunchTypeTest, ForcedPunchRedrawsUntilOneLands) {
-  ScriptedDiceScope dice;
-  CFighterInFight f;
-  SetPunches(*f.FR(), {10, 5, 0, 0, 0, 0, 0, 0, 0, 0});
-  dice->Then(1501, kTop).Then(9999, kTop).Then(1001, kTop).Then(1501, kTop);
-  EXPECT_EQ(f.PunchType(true), 6);
-  EXPECT_EQ(dice->Rolled(), 3);
-  EXPECT_EQ(f.PunchType(), 0);  // unforced, the same draw throws nothing
-}
-
-TEST(PunchTypeTest, TheOrderInterleavesEachFamilysVariants) {
-  ScriptedDiceScope dice;
-  CFighterInFight f;
-  // Ten ratings of 10: the k-th tenth of the draw falls on the k-th rating
-  // of the walking order, not on type k.
-  SetPunches(*f.FR(), {10, 10, 10, 10, 10, 10, 10, 10, 10, 10});
-  const int16_t expected[10] = {1, 6, 2, 7, 3, 8, 4, 9, 5, 10};
-  for (int k = 1; k <= 10; ++k) dice->Then(k * 1000, kTop).Then(k * 1000 - 999, kTop);
-  for (int k = 0; k < 10; ++k) {
-    EXPECT_EQ(f.PunchType(), expected[k]) << "upper edge of rating " << k;
-    EXPECT_EQ(f.PunchType(), expected[k]) << "lower edge of rating " << k;
+  const float* value = r.data();
+  for (auto set : {&CFighter::SetJ3, &CFighter::SetJ2, &CFighter::SetH3, &CFighter::SetH2,
+                   &CFighter::SetCr3, &CFighter::SetCr2, &CFighter::SetCb3, &CFighter::SetCb2,
+                   &CFighter::SetU3, &CFighter::SetU2}) {
+    (fr.*set)(*value++);
   }
 }
+// The punch type of each rating in the walking order.
+constexpr int16_t kTypeOf[10] = {1, 6, 2, 7, 3, 8, 4, 9, 5, 10};
+
+constexpr int32_t kTop = 10000;
 
 TEST(PunchTypeTest, PartialSumsAreRoundedTo32BitFloats) {
   ScriptedDiceScope dice;
@@ -79,9 +53,8 @@ TEST(PunchTypeTest, SeededDrawsFollowTheRatingsShares) {
   CFighterInFight f;
   const std::array<float, 10> ratings = {12.5f, 7.5f, 10, 5, 8, 4, 6, 3, 9, 5};  // 70 in all
   SetPunches(*f.FR(), ratings);
-  const int16_t type_of[10] = {1, 6, 2, 7, 3, 8, 4, 9, 5, 10};
   std::array<double, 11> share{};
-  for (int i = 0; i < 10; ++i) share[static_cast<std::size_t>(type_of[i])] = ratings[i] / 100.0;
+  for (int i = 0; i < 10; ++i) share[static_cast<std::size_t>(kTypeOf[i])] = ratings[i] / 100.0;
   share[0] = 0.30;
 
   DiceScope dice(std::make_shared<SeededDice>(20240521));
@@ -99,10 +72,15 @@ TEST(PunchTypeTest, SeededDrawsFollowTheRatingsShares) {
   }
 }
 
-TEST(PunchTypeTest, RatingsChangedBetweenCallsAreUsedAtOnce) {
+TEST(PunchTypeTest, ForcedPunchRedrawsAndChangedRatingsCountAtOnce) {
   ScriptedDiceScope dice;
   CFighterInFight f;
   SetPunches(*f.FR(), {10, 5, 0, 0, 0, 0, 0, 0, 0, 0});
+  dice->Then(1501, kTop).Then(9999, kTop).Then(1001, kTop).Then(1501, kTop);
+  EXPECT_EQ(f.PunchType(true), 6);
+  EXPECT_EQ(dice->Rolled(), 3);
+  EXPECT_EQ(f.PunchType(), 0);  // unforced, the same draw throws nothing
+
   dice->Then(1200, kTop).Then(1200, kTop).Then(1200, kTop).Then(1200, kTop);
   EXPECT_EQ(f.PunchType(), 6);
   f.FR()->SetJ3(12);
@@ -134,12 +112,10 @@ TEST(PunchTypeTest, AgreesWithAPlainWalkOfTheRatingsOnEveryDraw) {
   // The plain rule, worked per draw: p = roll / 100 in double precision
   // against each running sum rounded to a float.
   const auto walk = [](const std::array<float, 10>& r, int32_t roll) -> int16_t {
-    const int16_t order[10] = {1, 6, 2, 7, 3, 8, 4, 9, 5, 10};
-    const double p = roll / 100.0;
     float sum = 0;
-    for (int i = 0; i < 10; ++i) {
-      sum = static_cast<float>(sum + r[static_cast<std::size_t>(i)]);
-      if (p <= sum) return order[i];
+    for (std::size_t i = 0; i < r.size(); ++i) {
+      sum = static_cast<float>(sum + r[i]);
+      if (roll / 100.0 <= sum) return kTypeOf[i];
     }
     return 0;
   };

@@ -10,10 +10,16 @@
 #include "schedule/CKeyedCollection.h"
 #include "schedule/ISortedObject.h"
 #include "support/MessageSinkDouble.h"
+#include "support/Raised.h"
 #include "support/SortedItem.h"
 
 namespace ringbook {
 namespace {
+
+using test::Raised;
+constexpr ECompareResults kLess = ecrComparisonLessThan;
+constexpr ECompareResults kEqual = ecrComparisonEqual;
+constexpr ECompareResults kGreater = ecrComparisonGreaterThan;
 
 // A sorted object whose key cannot be read: an error of another component.
 class BrokenKey : public ISortedObject {
@@ -34,128 +40,95 @@ class CSortHelperTest : public ::testing::Test {
   CSortHelper helper_;
 };
 
-TEST_F(CSortHelperTest, ModeAndOrderSettersStoreOnlyKnownValues) {
-  EXPECT_EQ(helper_.SortMode(), esmTextCompare);
-  EXPECT_EQ(helper_.SortOrder(), esoSortAscending);
-  for (ESortMode mode :
-       {esmUnsorted, esmValueCompare, esmTextCompare, esmBinaryCompare, esmLengthCompare}) {
-    helper_.SetSortMode(mode);
-    EXPECT_EQ(helper_.SortMode(), mode);
+TEST_F(CSortHelperTest, SettersStoreOnlyKnownValues) {
+  const int modes[][2] = {{-1, esmUnsorted}, {3, esmLengthCompare}, {7, 0}, {2, 2}, {-2, 0}};
+  for (const auto& [set, stored] : modes) {
+    helper_.SetSortMode(static_cast<ESortMode>(set));
+    EXPECT_EQ(helper_.SortMode(), stored) << set;
   }
-  helper_.SetSortMode(static_cast<ESortMode>(7));
-  EXPECT_EQ(helper_.SortMode(), esmValueCompare);
-  helper_.SetSortMode(esmBinaryCompare);
-  helper_.SetSortMode(static_cast<ESortMode>(-2));
-  EXPECT_EQ(helper_.SortMode(), esmValueCompare);
-
-  helper_.SetSortOrder(esoSortDescending);
-  EXPECT_EQ(helper_.SortOrder(), esoSortDescending);
-  helper_.SetSortOrder(static_cast<ESortOrder>(1));
-  EXPECT_EQ(helper_.SortOrder(), esoSortAscending);
-  helper_.SetSortOrder(esoSortDescending);
-  helper_.SetSortOrder(static_cast<ESortOrder>(-5));
-  EXPECT_EQ(helper_.SortOrder(), esoSortAscending);
+  for (const auto& [set, stored] : {std::pair{-1, -1}, {1, 0}, {-1, -1}, {-5, 0}}) {
+    helper_.SetSortOrder(static_cast<ESortOrder>(set));
+    EXPECT_EQ(helper_.SortOrder(), stored) << set;
+  }
 }
 
-TEST_F(CSortHelperTest, TextCompareIgnoresCaseAndBinaryCompareDoesNot) {
-  EXPECT_EQ(helper_.Compare(Item("Smith"), Item("sMITH")), ecrComparisonEqual);
-  EXPECT_EQ(helper_.Compare(Item("apple"), Item("Banana")), ecrComparisonLessThan);
-  EXPECT_EQ(helper_.Compare(Item("\xC3\xA9mile"), Item("\xC3\x89MILE")), ecrComparisonEqual);
-
-  helper_.SetSortMode(esmCaseSensitve);
-  EXPECT_EQ(helper_.Compare(Item("apple"), Item("Banana")), ecrComparisonGreaterThan);
-  EXPECT_EQ(helper_.Compare(Item("A"), Item("a")), ecrComparisonLessThan);
-  EXPECT_EQ(helper_.Compare(Item("a"), Item("a")), ecrComparisonEqual);
+TEST_F(CSortHelperTest, CompareByModeAndOrder) {
+  struct Case {
+    ESortMode mode;
+    ESortOrder order;
+    Variant a, b;
+    ECompareResults want;
+  };
+  const auto up = esoSortAscending;
+  const auto down = esoSortDescending;
+  const Case cases[] = {
+      // Text compare ignores case, also beyond ASCII; binary compare does not.
+      {esmTextCompare, up, "apple", "Banana", kLess},
+      {esmTextCompare, up, "\xC3\xA9mile", "\xC3\x89MILE", kEqual},
+      {esmCaseSensitve, up, "apple", "Banana", kGreater},
+      {esmCaseSensitve, up, "A", "a", kLess},
+      // Value compare: numbers and dates by value, a number before text.
+      {esmValueCompare, up, 9, 10.5, kLess},
+      {esmValueCompare, up, int16_t{3}, 3.0, kEqual},
+      {esmValueCompare, up, Variant::FromDate(45000.75), Variant::FromDate(45000.25), kGreater},
+      {esmValueCompare, up, 99, "1", kLess},
+      {esmValueCompare, up, "1", 99, kGreater},
+      // Null is neither less nor equal, whichever side it is on.
+      {esmValueCompare, up, Variant::Null(), 1, kGreater},
+      {esmValueCompare, up, 1, Variant::Null(), kGreater},
+      // Length compare: fewer characters (not bytes) first, then by value.
+      {esmLengthCompare, up, "9", "10", kLess},
+      {esmLengthCompare, up, "aaa", "zz", kGreater},
+      {esmLengthCompare, up, "b", "B", kGreater},
+      {esmLengthCompare, up, "\xC3\xA9", "ab", kLess},
+      // Descending negates; unsorted makes everything equal.
+      {esmTextCompare, down, "a", "B", kGreater},
+      {esmUnsorted, up, "zzz", "a", kEqual},
+  };
+  for (const Case& c : cases) {
+    CSortHelper helper;
+    helper.SetSortMode(c.mode);
+    helper.SetSortOrder(c.order);
+    EXPECT_EQ(helper.Compare(Item(c.a), Item(c.b)), c.want)
+        << c.a.ToText() << " vs " << c.b.ToText() << " mode " << c.mode << " order " << c.order;
+    EXPECT_EQ(helper.SortMode(), c.mode);
+  }
 }
 
 TEST_F(CSortHelperTest, NonStringFirstKeySwitchesToValueCompareForGood) {
   // A number as the second key does not switch: "10" and 9 compare as text.
-  EXPECT_EQ(helper_.Compare(Item("10"), Item(9)), ecrComparisonLessThan);
+  EXPECT_EQ(helper_.Compare(Item("10"), Item(9)), kLess);
   EXPECT_EQ(helper_.SortMode(), esmTextCompare);
-
-  EXPECT_EQ(helper_.Compare(Item(10), Item(9)), ecrComparisonGreaterThan);
+  EXPECT_EQ(helper_.Compare(Item(10), Item(9)), kGreater);
   EXPECT_EQ(helper_.SortMode(), esmValueCompare);
   // Later string keys are now compared by character code.
-  EXPECT_EQ(helper_.Compare(Item("abc"), Item("ABC")), ecrComparisonGreaterThan);
+  EXPECT_EQ(helper_.Compare(Item("abc"), Item("ABC")), kGreater);
   EXPECT_EQ(helper_.SortMode(), esmValueCompare);
 }
 
-TEST_F(CSortHelperTest, ValueCompareFollowsTheRuntimeOrder) {
-  helper_.SetSortMode(esmValueCompare);
-  EXPECT_EQ(helper_.Compare(Item(9), Item(10.5)), ecrComparisonLessThan);
-  EXPECT_EQ(helper_.Compare(Item(int16_t{3}), Item(3.0)), ecrComparisonEqual);
-  EXPECT_EQ(helper_.Compare(Item(Variant::FromDate(45000.75)), Item(Variant::FromDate(45000.25))),
-            ecrComparisonGreaterThan);
-  EXPECT_EQ(helper_.Compare(Item(99), Item("1")), ecrComparisonLessThan);  // number before text
-  EXPECT_EQ(helper_.Compare(Item("1"), Item(99)), ecrComparisonGreaterThan);
-  // Null is neither less nor equal, whichever side it is on.
-  EXPECT_EQ(helper_.Compare(Item(Variant::Null()), Item(1)), ecrComparisonGreaterThan);
-  EXPECT_EQ(helper_.Compare(Item(1), Item(Variant::Null())), ecrComparisonGreaterThan);
-}
-
-TEST_F(CSortHelperTest, LengthCompareOrdersShorterKeysFirst) {
-  helper_.SetSortMode(esmLengthCompare);
-  EXPECT_EQ(helper_.Compare(Item("9"), Item("10")), ecrComparisonLessThan);
-  EXPECT_EQ(helper_.Compare(Item("10"), Item("9")), ecrComparisonGreaterThan);
-  EXPECT_EQ(helper_.Compare(Item("aaa"), Item("zz")), ecrComparisonGreaterThan);
-  // Equal lengths: by value, so letter case counts.
-  EXPECT_EQ(helper_.Compare(Item("ab"), Item("ac")), ecrComparisonLessThan);
-  EXPECT_EQ(helper_.Compare(Item("ab"), Item("ab")), ecrComparisonEqual);
-  EXPECT_EQ(helper_.Compare(Item("b"), Item("B")), ecrComparisonGreaterThan);
-  // Lengths count characters, not bytes.
-  EXPECT_EQ(helper_.Compare(Item("\xC3\xA9"), Item("ab")), ecrComparisonLessThan);
-  EXPECT_EQ(helper_.SortMode(), esmLengthCompare);
-}
-
-TEST_F(CSortHelperTest, UnsortedIsAllEqualAndDescendingNegates) {
-  helper_.SetSortOrder(esoSortDescending);
-  EXPECT_EQ(helper_.Compare(Item("a"), Item("B")), ecrComparisonGreaterThan);
-  EXPECT_EQ(helper_.Compare(Item("b"), Item("A")), ecrComparisonLessThan);
-  EXPECT_EQ(helper_.Compare(Item("a"), Item("A")), ecrComparisonEqual);
-
-  helper_.SetSortMode(esmUnsorted);
-  EXPECT_EQ(helper_.Compare(Item("a"), Item("zzz")), ecrComparisonEqual);
-  helper_.SetSortOrder(esoSortAscending);
-  EXPECT_EQ(helper_.Compare(Item("zzz"), Item("a")), ecrComparisonEqual);
-}
-
-TEST_F(CSortHelperTest, RuntimeErrorsCarryTheRuntimeSourceWithoutAMessage) {
+TEST_F(CSortHelperTest, ErrorsCarryTheirSourceAndOnlyUnexpectedOnesAreShown) {
   EXPECT_EQ(CSortHelper::SourceName(), "Korvat_Ringbook.SortHelper");
-  EXPECT_EQ(CSortHelper::RuntimeSourceName(), "Korvat_Ringbook.Runtime");
-  try {
-    helper_.Compare(Variant("not an object"), Item("a"));
-    FAIL() << "no error";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kTypeMismatch);
-    EXPECT_EQ(e.Source(), "Korvat_Ringbook.Runtime");
-    EXPECT_EQ(e.Description(), "Type mismatch");
-  }
-  try {
-    helper_.Compare(Item("a"), Variant(std::shared_ptr<Object>()));
-    FAIL() << "no error";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kObjectNotSet);
-    EXPECT_EQ(e.Source(), "Korvat_Ringbook.Runtime");
-  }
+  Error e = Raised([&] { helper_.Compare(Variant("not an object"), Item("a")); });
+  EXPECT_EQ(e.Number(), errnum::kTypeMismatch);
+  EXPECT_EQ(e.Source(), "Korvat_Ringbook.Runtime");
+  EXPECT_EQ(e.Description(), "Type mismatch");
+  e = Raised([&] { helper_.Compare(Item("a"), Variant(std::shared_ptr<Object>())); });
+  EXPECT_EQ(e.Number(), errnum::kObjectNotSet);
+  EXPECT_EQ(e.Source(), "Korvat_Ringbook.Runtime");
   EXPECT_TRUE(sink_->Messages().empty());
-}
 
-TEST_F(CSortHelperTest, UnexpectedErrorIsShownThenPassedOnUnchanged) {
-  try {
-    helper_.Compare(Variant(std::make_shared<BrokenKey>()), Item("a"));
-    FAIL() << "no error";
-  } catch (const Error& e) {
-    EXPECT_EQ(e.Number(), errnum::kCustomBase + 77);
-    EXPECT_EQ(e.Source(), "Host.Item");
-    EXPECT_EQ(e.Description(), "gone");
-  }
+  // Another component's error is shown, then passed on unchanged.
+  e = Raised([&] { helper_.Compare(Variant(std::make_shared<BrokenKey>()), Item("a")); });
+  EXPECT_EQ(e.Number(), errnum::kCustomBase + 77);
+  EXPECT_EQ(e.Source(), "Host.Item");
+  EXPECT_EQ(e.Description(), "gone");
   ASSERT_EQ(sink_->Messages().size(), 1u);
   EXPECT_EQ(sink_->Messages()[0], "COM Error " + std::to_string(errnum::kCustomBase + 77) +
                                       " in CSortHelper.Compare: gone");
 }
 
-// SwapCollection, over the general keyed collection: a, b, c, d under the
-// keys ka to kd.
+// SwapCollection over a keyed collection of a, b, c, d under the keys ka to
+// kd, recording errors or raising them.
 class SwapCollectionTest : public CSortHelperTest, public ::testing::WithParamInterface<bool> {
  protected:
   void SetUp() override {
@@ -173,66 +146,69 @@ class SwapCollectionTest : public CSortHelperTest, public ::testing::WithParamIn
     return out;
   }
 
-  void ExpectError(int32_t i1, int32_t i2, std::optional<std::string> key1,
-                   std::optional<std::string> key2, int32_t number, const std::string& source,
-                   const std::string& description) {
-    const std::string before = Order();
-    try {
-      helper_.SwapCollection(items_, i1, i2, key1, key2);
-      ADD_FAILURE() << "no error";
-    } catch (const Error& e) {
-      EXPECT_EQ(e.Number(), number);
-      EXPECT_EQ(e.Source(), source);
-      EXPECT_EQ(e.Description(), description);
-    }
-    EXPECT_EQ(Order(), before);
-  }
-
   CKeyedCollection items_;
 };
 
-TEST_P(SwapCollectionTest, WithoutKeysTheItemsTakeTheirKeysAlong) {
-  helper_.SwapCollection(items_, 1, 3);
-  EXPECT_EQ(Order(), "c/kc b/kb a/ka d/kd ");
-  helper_.SwapCollection(items_, 4, 2);
-  EXPECT_EQ(Order(), "c/kc d/kd a/ka b/kb ");
-  helper_.SwapCollection(items_, 3, 3);
-  EXPECT_EQ(Order(), "c/kc d/kd a/ka b/kb ");
-}
-
-TEST_P(SwapCollectionTest, WithKeysTheKeysStayWithThePositions) {
-  helper_.SwapCollection(items_, 1, 3, "ka", "kc");
-  EXPECT_EQ(Order(), "c/ka b/kb a/kc d/kd ");
+TEST_P(SwapCollectionTest, KeysTravelWithTheItemsUnlessGiven) {
+  struct Case {
+    int32_t i1, i2;
+    std::optional<std::string> key1, key2;
+    const char* order;
+  };
+  const Case cases[] = {
+      {1, 3, {}, {}, "c/kc b/kb a/ka d/kd "},
+      {4, 2, {}, {}, "c/kc d/kd a/ka b/kb "},
+      {3, 3, {}, {}, "c/kc d/kd a/ka b/kb "},
+      // Given keys stay with the positions, the higher one first too; new
+      // keys are accepted.
+      {1, 3, "kc", "ka", "a/kc d/kd c/ka b/kb "},
+      {4, 2, "x4", "x2", "a/kc b/x2 c/ka d/x4 "},
+  };
+  for (const Case& c : cases) {
+    helper_.SwapCollection(items_, c.i1, c.i2, c.key1, c.key2);
+    EXPECT_EQ(Order(), c.order) << c.i1 << ", " << c.i2;
+  }
   EXPECT_EQ(items_.Item(Variant("KA")), Variant("c"));
-  // The higher position first; new keys are accepted too.
-  helper_.SwapCollection(items_, 4, 2, "x4", "x2");
-  EXPECT_EQ(Order(), "c/ka d/x2 a/kc b/x4 ");
 }
 
 TEST_P(SwapCollectionTest, BadArgumentsChangeNothing) {
-  ExpectError(1, 2, std::string("ka"), std::nullopt, eeMissingKey, "Korvat_Ringbook.SortHelper",
-              "SwapCollection: Key is missing");
-  ExpectError(1, 2, std::nullopt, std::string("kb"), eeMissingKey, "Korvat_Ringbook.SortHelper",
-              "SwapCollection: Key is missing");
-  ExpectError(0, 2, std::nullopt, std::nullopt, errnum::kInvalidProcedureCall,
-              "Korvat_Ringbook.Runtime", "Invalid procedure call or argument");
-  ExpectError(1, 5, std::nullopt, std::nullopt, errnum::kInvalidProcedureCall,
-              "Korvat_Ringbook.Runtime", "Invalid procedure call or argument");
-  // "kc" belongs to the third item: the collection refuses it while the two
-  // are re-added, and they are put back as they were.
-  ExpectError(1, 2, std::string("kc"), std::string("kb"), 457, "Korvat_Ringbook.Runtime",
-              "This key is already associated with an element of this collection");
-  ExpectError(1, 2, std::string("ka"), std::string("KC"), 457, "Korvat_Ringbook.Runtime",
-              "This key is already associated with an element of this collection");
+  const std::string kOwn = "Korvat_Ringbook.SortHelper";
+  const std::string kRuntime = "Korvat_Ringbook.Runtime";
+  const std::string kInvalid = "Invalid procedure call or argument";
+  const std::string kInUse = "This key is already associated with an element of this collection";
+  struct Case {
+    int32_t i1, i2;
+    std::optional<std::string> key1, key2;
+    int32_t number;
+    const std::string& source;
+    const std::string& description;
+  };
+  const std::string kMissing = "SwapCollection: Key is missing";
+  const Case cases[] = {
+      {1, 2, "ka", {}, eeMissingKey, kOwn, kMissing},
+      {1, 2, {}, "kb", eeMissingKey, kOwn, kMissing},
+      {0, 2, {}, {}, errnum::kInvalidProcedureCall, kRuntime, kInvalid},
+      {1, 5, {}, {}, errnum::kInvalidProcedureCall, kRuntime, kInvalid},
+      // "kc" belongs to the third item: the collection refuses it while the
+      // two are re-added, and they are put back as they were.
+      {1, 2, "kc", "kb", 457, kRuntime, kInUse},
+      {1, 2, "ka", "KC", 457, kRuntime, kInUse},
+  };
+  for (const Case& c : cases) {
+    const Error e = Raised([&] { helper_.SwapCollection(items_, c.i1, c.i2, c.key1, c.key2); });
+    EXPECT_EQ(e.Number(), c.number);
+    EXPECT_EQ(e.Source(), c.source);
+    EXPECT_EQ(e.Description(), c.description);
+    EXPECT_EQ(Order(), "a/ka b/kb c/kc d/kd ");
+  }
   EXPECT_TRUE(sink_->Messages().empty());
-}
 
-TEST_P(SwapCollectionTest, ASortedCollectionRefusesTheSwap) {
-  CKeyedCollection sorted;
+  CKeyedCollection sorted;  // its order decides the places
   sorted.SetSorted(true);
   sorted.Add(Item("a"));
   sorted.Add(Item("b"));
-  EXPECT_THROW(helper_.SwapCollection(sorted, 1, 2), Error);
+  EXPECT_EQ(Raised([&] { helper_.SwapCollection(sorted, 1, 2); }).Number(),
+            errnum::kInvalidProcedureCall);
   EXPECT_EQ(sorted.Item(Variant(1)).As<ISortedObject>()->SortKey(), Variant("a"));
 }
 

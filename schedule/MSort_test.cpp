@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "schedule/CKeyedCollection.h"
@@ -13,10 +14,6 @@
 namespace ringbook {
 namespace {
 
-std::shared_ptr<ISortedObject> Item(Variant key) {
-  return std::make_shared<test::SortedItem>(std::move(key), "");
-}
-
 // Compares whole-number keys and records the key of the collection's item in
 // every comparison, to follow the halving.
 class RecordingHelper : public ISortHelper {
@@ -25,8 +22,7 @@ class RecordingHelper : public ISortHelper {
     const int32_t k1 = v1.As<ISortedObject>()->SortKey().ToLong();
     const int32_t k2 = v2.As<ISortedObject>()->SortKey().ToLong();
     seen.push_back(k1);
-    return k1 < k2 ? ecrComparisonLessThan
-                   : (k1 == k2 ? ecrComparisonEqual : ecrComparisonGreaterThan);
+    return static_cast<ECompareResults>((k1 > k2) - (k1 < k2));
   }
   void Swap(Variant&, Variant&) override {}
   void SwapCollection(ICollection&, int32_t, int32_t, const std::optional<std::string>&,
@@ -34,60 +30,44 @@ class RecordingHelper : public ISortHelper {
   std::vector<int32_t> seen;
 };
 
-// A plain (unsorted) collection filled in the given order.
-void Fill(CKeyedCollection& items, const std::vector<Variant>& keys) {
-  for (const Variant& key : keys) items.Add(Variant(Item(key)));
-}
-
-struct Found {
-  bool found;
-  int32_t position;
-};
-
-Found Search(CKeyedCollection& items, Variant key, ISortHelper* helper = nullptr) {
+// Whether `key` was found, and the position MSort::Find gives, in a plain
+// collection of `keys` in that order.
+std::pair<bool, int32_t> Search(const std::vector<Variant>& keys, Variant key,
+                                ISortHelper* helper = nullptr) {
+  CKeyedCollection items;
+  for (const Variant& k : keys) items.Add(test::Sorted(k));
   int32_t position = -99;
-  const bool found = MSort::Find(items, Item(std::move(key)), position, helper);
+  const bool found =
+      MSort::Find(items, std::make_shared<test::SortedItem>(std::move(key), ""), position, helper);
   return {found, position};
 }
 
-TEST(MSortTest, EmptyCollectionGivesPositionOne) {
-  CKeyedCollection items;
-  const Found r = Search(items, "anything");
-  EXPECT_FALSE(r.found);
-  EXPECT_EQ(r.position, 1);
-}
-
-TEST(MSortTest, ThreeItemsWithTheDefaultHelper) {
-  CKeyedCollection items;
-  Fill(items, {"b", "d", "f"});
-  struct Case {
-    const char* key;
-    bool found;
-    int32_t position;
-  };
-  for (const Case& c :
-       {Case{"a", false, 1}, Case{"b", true, 1}, Case{"c", false, 2}, Case{"D", true, 2},
-        Case{"e", false, 3}, Case{"F", true, 3}, Case{"z", false, 4}}) {
-    const Found r = Search(items, c.key);
-    EXPECT_EQ(r.found, c.found) << c.key;
-    EXPECT_EQ(r.position, c.position) << c.key;
+TEST(MSortTest, FoundOrThePlaceThatKeepsTheOrder) {
+  using R = std::pair<bool, int32_t>;
+  EXPECT_EQ(Search({}, "anything"), R(false, 1));
+  const std::vector<Variant> keys = {"b", "d", "f"};
+  for (auto [key, want] : {std::pair<const char*, R>{"a", {false, 1}},
+                           {"b", {true, 1}},
+                           {"c", {false, 2}},
+                           {"D", {true, 2}},
+                           {"e", {false, 3}},
+                           {"F", {true, 3}},
+                           {"z", {false, 4}}}) {
+    EXPECT_EQ(Search(keys, key), want) << key;
   }
-}
+  // A run of equal items is found where the halving lands.
+  EXPECT_EQ(Search({"a", "m", "m", "m", "m"}, "M"), R(true, 3));
 
-TEST(MSortTest, UsesTheGivenHelper) {
   CSortHelper descending;
   descending.SetSortOrder(esoSortDescending);
-  CKeyedCollection items;
-  Fill(items, {"f", "d", "b"});
-  EXPECT_EQ(Search(items, "z", &descending).position, 1);
-  EXPECT_EQ(Search(items, "a", &descending).position, 4);
-  EXPECT_EQ(Search(items, "c", &descending).position, 3);
-  EXPECT_TRUE(Search(items, "d", &descending).found);
+  const std::vector<Variant> down = {"f", "d", "b"};
+  EXPECT_EQ(Search(down, "z", &descending), R(false, 1));
+  EXPECT_EQ(Search(down, "c", &descending), R(false, 3));
+  EXPECT_EQ(Search(down, "a", &descending), R(false, 4));
+  EXPECT_EQ(Search(down, "d", &descending), R(true, 2));
 }
 
 TEST(MSortTest, HalvesFromTheMiddleComparingTheCollectionItemFirst) {
-  CKeyedCollection items;
-  Fill(items, {10, 20, 30, 40, 50, 60, 70});
   struct Case {
     int32_t key;
     std::vector<int32_t> seen;
@@ -102,19 +82,11 @@ TEST(MSortTest, HalvesFromTheMiddleComparingTheCollectionItemFirst) {
   };
   for (const Case& c : cases) {
     RecordingHelper helper;
-    const Found r = Search(items, c.key, &helper);
+    const auto [found, position] = Search({10, 20, 30, 40, 50, 60, 70}, c.key, &helper);
     EXPECT_EQ(helper.seen, c.seen) << c.key;
-    EXPECT_EQ(r.found, c.found) << c.key;
-    EXPECT_EQ(r.position, c.position) << c.key;
+    EXPECT_EQ(found, c.found) << c.key;
+    EXPECT_EQ(position, c.position) << c.key;
   }
-}
-
-TEST(MSortTest, ARunOfEqualItemsIsFoundWhereTheHalvingLands) {
-  CKeyedCollection items;
-  Fill(items, {"a", "m", "m", "m", "m"});
-  const Found r = Search(items, "M");
-  EXPECT_TRUE(r.found);
-  EXPECT_EQ(r.position, 3);
 }
 
 }  // namespace
