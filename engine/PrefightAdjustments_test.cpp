@@ -54,8 +54,6 @@ struct Camp {
   CFighterInFight f;
 };
 
-// ---- The chain ----
-
 class ChainTest : public ::testing::Test {
  protected:
   ChainTest() {
@@ -141,20 +139,16 @@ TEST_F(ChainTest, MissingRefereeFailsAfterTheEarlierSteps) {
   EXPECT_EQ(me.FR()->E10(), 11);  // conditioning, made before, stays made
 }
 
-// ---- The fixed adjustments ----
-
-TEST(RefereeAdjustmentTest, StoppageMovesTkoAndTheRecordKeepsItAtLeastOne) {
+TEST(FixedAdjustmentTest, RefereeSouthPawAndWeightClass) {
   CFighterInFight f;
   f.FR()->SetTko(1);
   for (int16_t stoppage : {0, 1, 3, -1, 2, 2}) f.AdjustForReferee(stoppage);
   EXPECT_EQ(f.FR()->Tko(), 1);  // 1 + 1 - 1, then held at 1
   f.AdjustForReferee(0);
   EXPECT_EQ(f.FR()->Tko(), 2);
-}
 
-TEST(SouthPawAdjustmentTest, OnlyTheOrthodoxFighterFacingASouthPawLoses) {
+  // Only the orthodox fighter facing a south-paw loses.
   ScriptedDiceScope dice;
-  CFighterInFight f;
   for (const auto& [roll, loss] : {std::pair{20, 1}, std::pair{21, 2}}) {
     SetBaseline(*f.FR());
     dice->Then(roll);
@@ -172,11 +166,10 @@ TEST(SouthPawAdjustmentTest, OnlyTheOrthodoxFighterFacingASouthPawLoses) {
   f.AdjustForSouthPaw(0);
   EXPECT_EQ(MovedFrom(*f.FR()), Moved{});
   EXPECT_EQ(dice->Rolled(), 2);
-}
 
-TEST(WeightClassAdjustmentTest, TheHigherDivisionGivesWay) {
-  CFighterInFight f;
+  // The higher division gives way.
   SetBaseline(*f.FR());
+  f.FR()->SetSouthPaw(0);
   f.FR()->SetDivision(5);
   f.FR()->SetCfb(6);
   f.FR()->SetCfs(2);
@@ -197,8 +190,6 @@ TEST(WeightClassAdjustmentTest, TheHigherDivisionGivesWay) {
   EXPECT_EQ(test::Raised([&] { f.AdjustForWeightClass(3); }).Number(), errnum::kOverflow);
   EXPECT_EQ(f.FR()->Kdr2(), 6);
 }
-
-// ---- Training ----
 
 TEST(TrainingAdjustmentTest, TrainerGradeCampRollAndHostStepsSetTheGains) {
   struct Case {
@@ -234,29 +225,22 @@ TEST(TrainingAdjustmentTest, TrainerGradeCampRollAndHostStepsSetTheGains) {
 }
 
 TEST(TrainingAdjustmentTest, HardCampRisksOvertrainingAndAnUnknownFocusIsNoCamp) {
-  ScriptedDiceScope dice;
-  CFighterInFight f;
-  f.SetTraining(etfHardCamp);
-  f.Trainer()->SetTrainingAverage(6);  // 2 steps, and 1 for the hard camp
   for (const auto& [overtraining, e10] : {std::pair{20, 1 - 2}, std::pair{21, 1}}) {
-    SetBaseline(*f.FR());
-    dice->Then(50).Then(overtraining);
+    Camp b({50, overtraining});
+    b.f.SetTraining(etfHardCamp);
+    b.f.Trainer()->SetTrainingAverage(6);  // 2 steps, and 1 for the hard camp
     int16_t v = 0;
-    f.AdjustForTraining(v);
+    b.f.AdjustForTraining(v);
     EXPECT_EQ(v, 3);
-    EXPECT_EQ(MovedFrom(*f.FR()), (Moved{.hp = 1, .defn = 1, .e10 = e10}));
+    EXPECT_EQ(b.moved(), (Moved{.hp = 1, .defn = 1, .e10 = e10}));
   }
-
-  SetBaseline(*f.FR());
-  f.SetTraining(7);
+  Camp b({});
+  b.f.SetTraining(7);
   int16_t v = 2;
-  f.AdjustForTraining(v);
+  b.f.AdjustForTraining(v);
   EXPECT_EQ(v, 0);
-  EXPECT_EQ(MovedFrom(*f.FR()), Moved{});
-  EXPECT_EQ(dice->Rolled(), 4);
+  EXPECT_EQ(b.moved(), Moved{});
 }
-
-// ---- Career stage ----
 
 TEST(CareerStageAdjustmentTest, EachStageAndTheTrainersMotivation) {
   struct Case {
@@ -304,8 +288,6 @@ TEST(CareerStageAdjustmentTest, AGivenStageOverridesCareerAndKorStaysOnItsScale)
   v = Variant("veteran");
   EXPECT_THROW(f.AdjustForCareerStage(v), Error);
 }
-
-// ---- Conditioning ----
 
 TEST(ConditioningAdjustmentTest, ConditionRowsAndTheFightersOwnHabits) {
   struct Case {
