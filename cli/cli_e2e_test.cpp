@@ -52,7 +52,7 @@ std::vector<std::string> Lines(const std::string& text) {
 
 std::string SourceDir() {
   const char* dir = std::getenv("RINGBOOK_SOURCE_DIR");
-  return dir ? dir : ".";
+  return dir ? dir : RINGBOOK_SOURCE_DIR_DEFAULT;
 }
 
 // A seeded world made once for the suite; each case works on its own copy.
