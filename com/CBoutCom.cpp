@@ -28,7 +28,8 @@ class CBoutCom : public ComObject<CBoutCom, CBout, _CBout> {
     });
   }
   RINGBOOK_COM_INDEXED(CareerStage, short)
-  HRESULT STDMETHODCALLTYPE Clone(IDispatch* target, VARIANT from_fighter, VARIANT to_fighter) override {
+  HRESULT STDMETHODCALLTYPE Clone(IDispatch* target, VARIANT from_fighter,
+                                  VARIANT to_fighter) override {
     return Call([&] {
       native().Clone(NativeArgument<CBout>(target), FighterArgument(from_fighter),
                      FighterArgument(to_fighter));

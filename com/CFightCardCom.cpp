@@ -14,9 +14,8 @@ class CFightCardCom : public ComObject<CFightCardCom, CFightCard, _CFightCard> {
   RINGBOOK_COM_OBJECT_PROPERTY(Location, _CLocation, CLocation)
   RINGBOOK_COM_PROPERTY(FightDate, DATE)
   HRESULT STDMETHODCALLTYPE Add(IDispatch* bout, ::EBoutType position) override {
-    return Call([&] {
-      native().Add(NativeArgument<CBout>(bout), static_cast<EBoutType>(position));
-    });
+    return Call(
+        [&] { native().Add(NativeArgument<CBout>(bout), static_cast<EBoutType>(position)); });
   }
   HRESULT STDMETHODCALLTYPE get_Bout(short index, _CBout** out) override {
     if (!out) return E_POINTER;

@@ -5,12 +5,12 @@
 
 // A table of bytes indexed by one argument: the get gives the byte, the let
 // takes a 16-bit value and leaves the clamp or the low byte to the library.
-#define RINGBOOK_COM_BYTE_TABLE(Name)                                               \
-  HRESULT STDMETHODCALLTYPE get_##Name(short index, unsigned char* out) override {  \
-    return Get(out, [&] { return native().Name(index); });                          \
-  }                                                                                 \
-  HRESULT STDMETHODCALLTYPE put_##Name(short index, short value) override {         \
-    return Call([&] { native().Set##Name(index, value); });                         \
+#define RINGBOOK_COM_BYTE_TABLE(Name)                                              \
+  HRESULT STDMETHODCALLTYPE get_##Name(short index, unsigned char* out) override { \
+    return Get(out, [&] { return native().Name(index); });                         \
+  }                                                                                \
+  HRESULT STDMETHODCALLTYPE put_##Name(short index, short value) override {        \
+    return Call([&] { native().Set##Name(index, value); });                        \
   }
 
 namespace ringbook::com {

@@ -16,9 +16,8 @@ class CHostServicesCom : public ComObject<CHostServicesCom, HostServicesTool, _C
   using ComObject::ComObject;
 
   HRESULT STDMETHODCALLTYPE putref_Settings(IDispatch* value) override {
-    return Call([&] {
-      SetSettings(value ? HostSettings(value) : std::make_shared<ComSettings>());
-    });
+    return Call(
+        [&] { SetSettings(value ? HostSettings(value) : std::make_shared<ComSettings>()); });
   }
   HRESULT STDMETHODCALLTYPE putref_Dice(IDispatch* value) override {
     return Call([&] { SetDice(value ? HostDice(value) : nullptr); });

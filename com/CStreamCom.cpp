@@ -102,7 +102,8 @@ class CStreamCom : public ComObject<CStreamCom, CStream, _CStream> {
   HRESULT STDMETHODCALLTYPE put_SeekTo(LONG value) override {
     return StreamCall([&] { native().SetSeekTo(value); });
   }
-  HRESULT STDMETHODCALLTYPE WriteFile(IDispatch* obj, LONG position, VARIANT_BOOL overwrite) override {
+  HRESULT STDMETHODCALLTYPE WriteFile(IDispatch* obj, LONG position,
+                                      VARIANT_BOOL overwrite) override {
     return StreamCall([&] {
       if (!obj) throw Error::ObjectNotSet();
       HostStreamObject host(obj);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+
 #include <oaidl.h>
 
 #include <memory>
@@ -33,6 +34,6 @@ const ComClass* FindComClass(REFCLSID clsid);
 
 /// Defines the entry of the COM class `Name` (coclass and CLSID_Name of the
 /// IDL) whose implementation is `Wrapper`.
-#define RINGBOOK_COM_CLASS_ENTRY(Name, Wrapper)                                               \
-  extern const ::ringbook::com::ComClass kComClass_##Name = {                                 \
+#define RINGBOOK_COM_CLASS_ENTRY(Name, Wrapper)               \
+  extern const ::ringbook::com::ComClass kComClass_##Name = { \
       &CLSID_##Name, L## #Name, &typeid(Wrapper::Native), &Wrapper::NewInstance, &Wrapper::Wrap}

@@ -1,6 +1,5 @@
 #include "com/Convert.h"
 
-
 #include "com/ComClass.h"
 #include "com/HostObject.h"
 #include "com/NativeObject.h"
@@ -28,8 +27,8 @@ Variant FromCoerced(const VARIANT& value, VARTYPE to) {
 
 std::string Utf8(const wchar_t* text, std::size_t length) {
   if (!text || length == 0) return std::string();
-  const int n = WideCharToMultiByte(CP_UTF8, 0, text, static_cast<int>(length), nullptr, 0,
-                                    nullptr, nullptr);
+  const int n =
+      WideCharToMultiByte(CP_UTF8, 0, text, static_cast<int>(length), nullptr, 0, nullptr, nullptr);
   std::string out(static_cast<std::size_t>(n), '\0');
   WideCharToMultiByte(CP_UTF8, 0, text, static_cast<int>(length), out.data(), n, nullptr, nullptr);
   return out;
@@ -45,8 +44,8 @@ std::string Utf8(const std::wstring& text) {
 
 std::wstring Wide(std::string_view utf8) {
   if (utf8.empty()) return std::wstring();
-  const int n = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()),
-                                    nullptr, 0);
+  const int n =
+      MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), nullptr, 0);
   std::wstring out(static_cast<std::size_t>(n), L'\0');
   MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), out.data(), n);
   return out;

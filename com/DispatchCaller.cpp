@@ -108,8 +108,8 @@ Variant DispatchCaller::Invoke(const std::wstring& name, WORD flags, const Varia
                                value ? nullptr : &result, &exception, &bad_argument);
   if (hr == DISP_E_MEMBERNOTFOUND && value && (flags & DISPATCH_PROPERTYPUTREF)) {
     // An object that only offers Let for this property.
-    hr = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &params,
-                         nullptr, &exception, &bad_argument);
+    hr = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYPUT, &params, nullptr,
+                         &exception, &bad_argument);
   }
   if (FAILED(hr)) {
     Error error = ErrorFromCall(hr, &exception);

@@ -89,8 +89,8 @@ Variant ListControlArgument(const VARIANT& value) {
   std::shared_ptr<Object> object = v.ToObject();
   auto host = std::dynamic_pointer_cast<HostReference>(object);
   if (!host) return v;
-  return Variant(std::static_pointer_cast<Object>(
-      std::make_shared<DispatchListControl>(host->Dispatch())));
+  return Variant(
+      std::static_pointer_cast<Object>(std::make_shared<DispatchListControl>(host->Dispatch())));
 }
 
 }  // namespace ringbook::com

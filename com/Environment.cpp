@@ -18,14 +18,15 @@ std::wstring EnvironmentVariable(const wchar_t* name) {
 std::wstring UserSetting(const wchar_t* value_name) {
   DWORD type = 0;
   DWORD bytes = 0;
-  if (RegGetValueW(HKEY_CURRENT_USER, kSettingsKey, value_name, RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ,
-                   &type, nullptr, &bytes) != ERROR_SUCCESS ||
+  if (RegGetValueW(HKEY_CURRENT_USER, kSettingsKey, value_name,
+                   RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ, &type, nullptr, &bytes) != ERROR_SUCCESS ||
       bytes < sizeof(wchar_t)) {
     return std::wstring();
   }
   std::wstring value(bytes / sizeof(wchar_t), L'\0');
-  if (RegGetValueW(HKEY_CURRENT_USER, kSettingsKey, value_name, RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ,
-                   &type, value.data(), &bytes) != ERROR_SUCCESS) {
+  if (RegGetValueW(HKEY_CURRENT_USER, kSettingsKey, value_name,
+                   RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ, &type, value.data(),
+                   &bytes) != ERROR_SUCCESS) {
     return std::wstring();
   }
   value.resize(bytes / sizeof(wchar_t));

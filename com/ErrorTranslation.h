@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+
 #include <oaidl.h>
 
 #include <cstdint>
@@ -51,8 +52,8 @@ HRESULT Translate(REFIID iid, F&& body) noexcept {
   } catch (const std::bad_alloc&) {
     return ReportError(Error(7, std::string(kComponentName), "Out of memory"), iid);
   } catch (const std::exception& e) {
-    return ReportError(Error(51, std::string(kComponentName), std::string("Internal error: ") + e.what()),
-                       iid);
+    return ReportError(
+        Error(51, std::string(kComponentName), std::string("Internal error: ") + e.what()), iid);
   } catch (...) {
     return ReportError(Error(51, std::string(kComponentName), "Internal error"), iid);
   }

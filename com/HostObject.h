@@ -1,6 +1,7 @@
 #pragma once
 
 #include <windows.h>
+
 #include <oaidl.h>
 
 #include <memory>
@@ -35,7 +36,8 @@ class HostObject : public Object, public HostReference {
 /// is read by name on every comparison, as a late-bound caller would.
 class HostSortedObject : public ISortedObject, public HostReference {
  public:
-  explicit HostSortedObject(IDispatch* object) : caller_(std::make_unique<DispatchCaller>(object)) {}
+  explicit HostSortedObject(IDispatch* object)
+      : caller_(std::make_unique<DispatchCaller>(object)) {}
   IDispatch* Dispatch() const override { return caller_->Object(); }
   Variant SortKey() const override { return caller_->Get(L"SortKey"); }
 

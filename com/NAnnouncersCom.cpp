@@ -5,7 +5,8 @@
 namespace ringbook::com {
 namespace {
 
-class NAnnouncersCom : public RecordCollectionCom<NAnnouncersCom, NAnnouncers, CAnnouncer, _NAnnouncers, _CAnnouncer> {
+class NAnnouncersCom : public RecordCollectionCom<NAnnouncersCom, NAnnouncers, CAnnouncer,
+                                                  _NAnnouncers, _CAnnouncer> {
  public:
   using RecordCollectionCom::RecordCollectionCom;
 

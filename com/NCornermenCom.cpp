@@ -5,7 +5,8 @@
 namespace ringbook::com {
 namespace {
 
-class NCornermenCom : public RecordCollectionCom<NCornermenCom, NCornermen, CCornerman, _NCornermen, _CCornerman> {
+class NCornermenCom
+    : public RecordCollectionCom<NCornermenCom, NCornermen, CCornerman, _NCornermen, _CCornerman> {
  public:
   using RecordCollectionCom::RecordCollectionCom;
 

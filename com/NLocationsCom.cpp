@@ -5,7 +5,8 @@
 namespace ringbook::com {
 namespace {
 
-class NLocationsCom : public RecordCollectionCom<NLocationsCom, NLocations, CLocation, _NLocations, _CLocation> {
+class NLocationsCom
+    : public RecordCollectionCom<NLocationsCom, NLocations, CLocation, _NLocations, _CLocation> {
  public:
   using RecordCollectionCom::RecordCollectionCom;
 

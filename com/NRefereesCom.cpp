@@ -5,7 +5,8 @@
 namespace ringbook::com {
 namespace {
 
-class NRefereesCom : public RecordCollectionCom<NRefereesCom, NReferees, CReferee, _NReferees, _CReferee> {
+class NRefereesCom
+    : public RecordCollectionCom<NRefereesCom, NReferees, CReferee, _NReferees, _CReferee> {
  public:
   using RecordCollectionCom::RecordCollectionCom;
 

@@ -34,9 +34,8 @@ class RecordCollectionCom : public ComObject<Derived, Collection, Itf, ::IRecord
   HRESULT STDMETHODCALLTYPE AddRecord(IDispatch* record, VARIANT_BOOL selected,
                                       RecordItf** out) override {
     if (!out) return E_POINTER;
-    return Call([&] {
-      PutObject(out, native().AddRecord(Argument(record), selected != VARIANT_FALSE));
-    });
+    return Call(
+        [&] { PutObject(out, native().AddRecord(Argument(record), selected != VARIANT_FALSE)); });
   }
   // Also IRecords.BindTo.
   HRESULT STDMETHODCALLTYPE BindTo(VARIANT control) override {
@@ -55,7 +54,8 @@ class RecordCollectionCom : public ComObject<Derived, Collection, Itf, ::IRecord
   // Also IRecords.RemoveRecord.
   HRESULT STDMETHODCALLTYPE RemoveRecord(LONG id, VARIANT_BOOL next_selected,
                                          VARIANT_BOOL* out) override {
-    return this->Get(out, [&] { return native().RemoveRecord(id, next_selected != VARIANT_FALSE); });
+    return this->Get(out,
+                     [&] { return native().RemoveRecord(id, next_selected != VARIANT_FALSE); });
   }
   HRESULT STDMETHODCALLTYPE UpdateRecord(IDispatch* record, VARIANT_BOOL selected,
                                          RecordItf** out) override {
@@ -67,8 +67,10 @@ class RecordCollectionCom : public ComObject<Derived, Collection, Itf, ::IRecord
 
   // ---- IRecords: values of any type, cast by the library ----
 
-  HRESULT STDMETHODCALLTYPE AddRecord(VARIANT record, VARIANT_BOOL selected, VARIANT* out) override {
-    return this->Get(out, [&] { return native().Records().AddRecord(In(record), selected != VARIANT_FALSE); });
+  HRESULT STDMETHODCALLTYPE AddRecord(VARIANT record, VARIANT_BOOL selected,
+                                      VARIANT* out) override {
+    return this->Get(
+        out, [&] { return native().Records().AddRecord(In(record), selected != VARIANT_FALSE); });
   }
   HRESULT STDMETHODCALLTYPE FillList(VARIANT control, short filter) override {
     return Call([&] { native().Records().FillList(ListControlArgument(control), filter); });
@@ -82,7 +84,8 @@ class RecordCollectionCom : public ComObject<Derived, Collection, Itf, ::IRecord
   HRESULT STDMETHODCALLTYPE putref_Item(LONG id, VARIANT record) override {
     return put_Item(id, record);
   }
-  HRESULT STDMETHODCALLTYPE UpdateRecord(VARIANT record, VARIANT_BOOL selected, VARIANT* out) override {
+  HRESULT STDMETHODCALLTYPE UpdateRecord(VARIANT record, VARIANT_BOOL selected,
+                                         VARIANT* out) override {
     return this->Get(out, [&] {
       return native().Records().UpdateRecord(In(record), selected != VARIANT_FALSE);
     });

@@ -1,5 +1,6 @@
 // The DLL's four entry points and its DllMain.
 #include <windows.h>
+
 #include <objbase.h>
 
 #include <new>

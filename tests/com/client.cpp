@@ -6,9 +6,10 @@
 //
 //   com_client.exe PATH_OF_Korvat_Ringbook.dll
 #include <windows.h>
+
+#include <dispex.h>
 #include <objbase.h>
 #include <oleauto.h>
-#include <dispex.h>
 
 #include <cstdio>
 #include <cwchar>
@@ -306,7 +307,6 @@ void TestSortHelperInterfaces() {
   Report(count == 2, "... and changes nothing");
 }
 
-
 // A list control of a script engine that answers names only through
 // IDispatchEx::GetDispID (its GetIDsOfNames fails), as some engines' objects
 // do. It keeps the items it is given.
@@ -367,7 +367,8 @@ class ExOnlyList : public IDispatchEx {
       case 4:
         if (result) {
           V_VT(result) = VT_I4;
-          V_I4(result) = id == 3 ? static_cast<LONG>(items.size()) - 1 : static_cast<LONG>(items.size());
+          V_I4(result) =
+              id == 3 ? static_cast<LONG>(items.size()) - 1 : static_cast<LONG>(items.size());
         }
         return S_OK;
       default:
@@ -376,7 +377,9 @@ class ExOnlyList : public IDispatchEx {
   }
   HRESULT STDMETHODCALLTYPE DeleteMemberByName(BSTR, DWORD) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE DeleteMemberByDispID(DISPID) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetMemberProperties(DISPID, DWORD, DWORD*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetMemberProperties(DISPID, DWORD, DWORD*) override {
+    return E_NOTIMPL;
+  }
   HRESULT STDMETHODCALLTYPE GetMemberName(DISPID, BSTR*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetNextDispID(DWORD, DISPID, DISPID*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetNameSpaceParent(IUnknown**) override { return E_NOTIMPL; }
@@ -477,9 +480,10 @@ void TestStringTable(const std::wstring& dll) {
   for (ringbook::DefaultDataBlock block : ringbook::kDefaultDataBlocks) {
     const int32_t count_entry = ringbook::DefaultDataCountEntry(block);
     const int rows = std::atoi(ringbook::DefaultDataString(count_entry).c_str());
-    const int last = block == ringbook::DefaultDataBlock::Cities
-                         ? count_entry + rows
-                         : ringbook::DefaultDataEntryNumber(block, rows, ringbook::DefaultDataFieldCount(block));
+    const int last =
+        block == ringbook::DefaultDataBlock::Cities
+            ? count_entry + rows
+            : ringbook::DefaultDataEntryNumber(block, rows, ringbook::DefaultDataFieldCount(block));
     for (int32_t n = count_entry; n <= last; ++n) {
       const std::string expected = ringbook::DefaultDataString(n);
       wchar_t buffer[512] = {};
