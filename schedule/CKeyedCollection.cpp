@@ -50,14 +50,14 @@ std::string ItemText(const Variant& item) {
 // folding, in the same order. Hashing only those keeps the two consistent
 // without a second copy of the fold.
 std::size_t CKeyedCollection::KeyHash::operator()(std::string_view key) const noexcept {
-  std::size_t hash = 14695981039346656037ull;  // FNV-1a
+  uint64_t hash = 14695981039346656037ull;  // FNV-1a, cut to size_t at the end
   for (const char c : key) {
     auto b = static_cast<unsigned char>(c);
     if (b >= 0x80) continue;
     if (b >= 'a' && b <= 'z') b = static_cast<unsigned char>(b - ('a' - 'A'));
     hash = (hash ^ b) * 1099511628211ull;
   }
-  return hash;
+  return static_cast<std::size_t>(hash);
 }
 
 bool CKeyedCollection::KeyEqual::operator()(std::string_view a, std::string_view b) const noexcept {

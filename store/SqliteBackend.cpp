@@ -462,7 +462,7 @@ char FoldAscii(char c) {
 // FNV-1a over the folded bytes; `ascii` false when `s` has a byte that is
 // not ASCII.
 std::size_t FoldedHash(std::string_view s, bool& ascii) {
-  std::size_t h = 14695981039346656037ull;
+  uint64_t h = 14695981039346656037ull;  // cut to size_t at the end
   unsigned char high = 0;
   for (const char c : s) {
     high |= static_cast<unsigned char>(c);
@@ -470,7 +470,7 @@ std::size_t FoldedHash(std::string_view s, bool& ascii) {
     h *= 1099511628211ull;
   }
   ascii = high < 0x80;
-  return h;
+  return static_cast<std::size_t>(h);
 }
 
 bool SameFolded(std::string_view a, std::string_view b) {
